@@ -1,0 +1,23 @@
+#pragma once
+
+#include <OVRIXMath/Export.h>
+#include <OVRIXMath/MsgMapRegistrator.h>
+
+namespace ovrix
+{
+namespace math
+{
+
+/// Messages of assignment; the texts stand in the source file.
+struct eGraphMessage
+{
+    enum domain : int
+    {
+    };
+};
+
+extern template struct OVRIXMATH_EXPORT
+    MsgMapRegistrator<eGraphMessage::domain, details::MsgMapRegistratorDerived<eGraphMessage::domain, void>>;
+
+} // namespace math
+} // namespace ovrix

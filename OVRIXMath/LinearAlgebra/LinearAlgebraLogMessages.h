@@ -1,0 +1,23 @@
+#pragma once
+
+#include <OVRIXMath/Export.h>
+#include <OVRIXMath/MsgMapRegistrator.h>
+
+namespace ovrix
+{
+namespace math
+{
+
+/// Messages of linear algebra; the texts stand in the source file.
+struct eLinearAlgebraMessage
+{
+    enum domain : int
+    {
+    };
+};
+
+extern template struct OVRIXMATH_EXPORT MsgMapRegistrator<
+    eLinearAlgebraMessage::domain, details::MsgMapRegistratorDerived<eLinearAlgebraMessage::domain, void>>;
+
+} // namespace math
+} // namespace ovrix

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <OVRIXMath/Export.h>
+#include <OVRIXMath/MsgMapRegistrator.h>
+
+namespace ovrix
+{
+namespace math
+{
+
+/// Messages of optimisation; the texts stand in the source file.
+struct eOptimizationMessage
+{
+    enum domain : int
+    {
+    };
+};
+
+extern template struct OVRIXMATH_EXPORT MsgMapRegistrator<
+    eOptimizationMessage::domain, details::MsgMapRegistratorDerived<eOptimizationMessage::domain, void>>;
+
+} // namespace math
+} // namespace ovrix

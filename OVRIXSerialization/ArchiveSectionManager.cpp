@@ -1,0 +1,20 @@
+#include <OVRIXSerialization/ArchiveSectionManager.h>
+
+#include <exception>
+
+namespace ovrix
+{
+
+ArchiveSectionManager::ArchiveSectionManager(BaseArchive& archive, const std::string& name)
+    : _archive(archive), _nbUncaughtExceptions(std::uncaught_exceptions())
+{
+    _archive.openSection(name);
+}
+
+ArchiveSectionManager::~ArchiveSectionManager() noexcept(false)
+{
+    if (std::uncaught_exceptions() == _nbUncaughtExceptions)
+        _archive.closeSection();
+}
+
+} // namespace ovrix

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <OVRIXSerialization/Export.h>
+#include <OVRIXUtil/BaseDynamicObject.h>
+#include <OVRIXUtil/ProcessingResult.h>
+
+namespace ovrix
+{
+
+class BaseIArchive;
+class BaseOArchive;
+
+/// Base of all objects that archives save and restore; see SerializableObject.h for how a class is made one.
+class OVRIXSERIALIZATION_EXPORT BaseSerializationObject : public BaseDynamicObject
+{
+public:
+    ~BaseSerializationObject() override;
+
+    /// Writes the object. The base itself holds nothing to write.
+    virtual BoolResult write(BaseOArchive& archive) const;
+
+    /// Reads the object in place of what it holds.
+    virtual BoolResult read(BaseIArchive& archive);
+
+protected:
+    BaseSerializationObject() = default;
+    BaseSerializationObject(const BaseSerializationObject&) = default;
+    BaseSerializationObject& operator=(const BaseSerializationObject&) = default;
+};
+
+} // namespace ovrix

@@ -1,0 +1,8 @@
+#include <OVRIXSerialization/OVRIXSerializationException.h>
+
+namespace ovrix
+{
+
+OVRIXSerializationException::~OVRIXSerializationException() = default;
+
+} // namespace ovrix

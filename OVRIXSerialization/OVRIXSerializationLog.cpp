@@ -1,0 +1,19 @@
+#include <OVRIXSerialization/OVRIXSerializationLog.h>
+#include <OVRIXUtil/OVRIXUtilLog.h>
+
+namespace ovrix
+{
+
+log4cplus::Logger& getOVRIXSerializationLogger()
+{
+    static log4cplus::Logger g_logger = log4cplus::Logger::getInstance(getBaseLoggerName() + ".OVRIXSerialization");
+    return g_logger;
+}
+
+const LogMessageManager& getOVRIXSerializationLogMessageManager()
+{
+    static const LogMessageManager& g_manager = LogMessageManager::getInstance("OVRIXSerialization");
+    return g_manager;
+}
+
+} // namespace ovrix

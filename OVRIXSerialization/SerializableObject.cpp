@@ -1,0 +1,36 @@
+#include <OVRIXSerialization/ArchiveSectionManager.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
+#include <OVRIXSerialization/SerializableObject.h>
+
+namespace ovrix
+{
+namespace details
+{
+
+void writeClassVersion(BaseOArchive& archive, const std::string& className, ovUInt32 version)
+{
+    if (archive.isClassVersionRegistred(className))
+        return;
+    const ArchiveSectionManager section(archive, className);
+    archive << makeOItem("version", version);
+    archive.registerClassVersion(className, version);
+}
+
+void readClassVersion(BaseIArchive& archive, const std::string& className, ovUInt32 version)
+{
+    if (archive.isClassVersionRegistred(className))
+        return;
+    const ArchiveSectionManager section(archive, className);
+    ovUInt32 archiveVersion = 0;
+    archive >> makeIItem("version", archiveVersion);
+    OVRIXSERIALIZATION_RAISE_UNLESS(archiveVersion <= version, 25, archiveVersion, className, version);
+    archive.registerClassVersion(className, archiveVersion);
+}
+
+void raiseWithoutCopySupport(const std::string& className)
+{
+    raise<OVRIXUtilFailures, eOVRIXUtilErrors::domain>(OVRIX_FAILURE_SITE, 3, className);
+}
+
+} // namespace details
+} // namespace ovrix

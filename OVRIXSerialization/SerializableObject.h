@@ -1,0 +1,309 @@
+#pragma once
+
+#include <OVRIXSerialization/BaseSerializationObject.h>
+#include <OVRIXSerialization/Export.h>
+#include <OVRIXSerialization/SerializationItem.h>
+#include <OVRIXUtil/DynamicRegistrator.h>
+#include <OVRIXUtil/OVRIXUtilFailure.h>
+#include <OVRIXUtil/Types.h>
+
+#include <boost/make_shared.hpp>
+#include <boost/thread/lock_guard.hpp>
+#include <boost/thread/mutex.hpp>
+
+#include <memory>
+#include <string>
+
+/// @file
+/// What every serialisable class repeats, written once: a class says its name, its version, its base and its items.
+///
+/// ```cpp
+/// // Shape.h
+/// class Shape : public CopyableObject<Shape, BaseSerializationObject>
+/// {
+/// public:
+///     Shape();
+///     Shape(const Shape& other);
+///
+/// private:
+///     friend SerializableAccess;
+///     static constexpr const char* s_className = "drawing::Shape";
+///     static constexpr ovUInt32 s_classVersion = 1;
+///     template <class Items, class Self>
+///     static void describeItems(Items& items, Self& self);
+///     void copyMembers(const Shape& other);
+///
+///     bool _bFilled = false;
+///     ovUInt32 _colour = 0;
+/// };
+///
+/// // Shape.cpp
+/// template <class Items, class Self>
+/// void Shape::describeItems(Items& items, Self& self)
+/// {
+///     items("_bFilled", self._bFilled);
+///     if (self._bFilled)
+///         items("_colour", self._colour);
+/// }
+///
+/// static const DynamicRegistrator<Shape> g_classRegistrator;
+/// ```
+///
+/// `describeItems` serves both directions: on writing `self` is constant, on reading it is filled, so that a condition
+/// always sees values that have been read before. A class of a shared library adds an explicit instantiation of its
+/// SerializableClass, so that other libraries can derive from it.
+
+namespace ovrix
+{
+
+namespace details
+{
+
+/// Writes the section that holds a class's version, unless the archive has it already.
+OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, const std::string& className, ovUInt32 version);
+
+/// Reads the section that holds a class's version, unless the archive has been asked for it already.
+///
+/// @throws OVRIXSerializationException when the archive's version is newer than `version`
+OVRIXSERIALIZATION_EXPORT void readClassVersion(BaseIArchive& archive, const std::string& className, ovUInt32 version);
+
+/// Raises the failure of a class that cannot be copied.
+[[noreturn]] OVRIXSERIALIZATION_EXPORT void raiseWithoutCopySupport(const std::string& className);
+
+/// Guards the first call of a class's `getTypeName()`.
+template <class Derived>
+struct TypeNameMutex
+{
+    static boost::mutex& get()
+    {
+        static boost::mutex g_mutex;
+        return g_mutex;
+    }
+};
+
+/// Guards a class's `getVersion()`.
+template <class Derived>
+struct VersionMutex
+{
+    static boost::mutex& get()
+    {
+        static boost::mutex g_mutex;
+        return g_mutex;
+    }
+};
+
+/// Writes each item that a class describes.
+struct ItemWriter
+{
+    BaseOArchive& archive;
+
+    template <class T>
+    void operator()(const std::string& name, const T& value)
+    {
+        archive << SerializationOItem<T>(name, value);
+    }
+};
+
+/// Reads each item that a class describes.
+struct ItemReader
+{
+    BaseIArchive& archive;
+
+    template <class T>
+    void operator()(const std::string& name, T& value)
+    {
+        archive >> SerializationIItem<T>(name, value);
+    }
+};
+
+} // namespace details
+
+/// Friend of serialisable classes; reaches what they say of themselves.
+struct SerializableAccess
+{
+    template <class Derived>
+    static constexpr const char* className()
+    {
+        return Derived::s_className;
+    }
+
+    template <class Derived>
+    static constexpr ovUInt32 classVersion()
+    {
+        return Derived::s_classVersion;
+    }
+
+    template <class Derived, class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        Derived::describeItems(items, self);
+    }
+
+    template <class Derived>
+    static void copyMembers(Derived& target, const Derived& source)
+    {
+        target.copyMembers(source);
+    }
+};
+
+/// Name, version and archive form of a class; the base of an abstract serialisable class.
+///
+/// @tparam Derived the class
+/// @tparam Base its base, BaseSerializationObject or another serialisable class
+template <class Derived, class Base>
+class SerializableClass : public Base
+{
+public:
+    /// Full name of the class, under which archives and the DynamicObjectFactory know it.
+    static const std::string& getTypeName()
+    {
+        const boost::lock_guard<boost::mutex> lock(details::TypeNameMutex<Derived>::get());
+        static const std::string g_typeName = SerializableAccess::className<Derived>();
+        return g_typeName;
+    }
+
+    /// Version of the class's archive form.
+    static ovUInt32 getVersion()
+    {
+        const boost::lock_guard<boost::mutex> lock(details::VersionMutex<Derived>::get());
+        return SerializableAccess::classVersion<Derived>();
+    }
+
+    /// Writes the base, the version of the class at its first object in the archive, and the items of the class.
+    BoolResult write(BaseOArchive& archive) const override
+    {
+        BoolResult result = Base::write(archive);
+        if (!result)
+            return result;
+        details::writeClassVersion(archive, getTypeName(), getVersion());
+        details::ItemWriter items{archive};
+        SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
+        return true;
+    }
+
+    /// Reads what write() wrote, also by an older version of the class.
+    ///
+    /// @throws OVRIXSerializationException when the archive was written by a newer version of the class
+    BoolResult read(BaseIArchive& archive) override
+    {
+        BoolResult result = Base::read(archive);
+        if (!result)
+            return result;
+        details::readClassVersion(archive, getTypeName(), getVersion());
+        details::ItemReader items{archive};
+        SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
+        return true;
+    }
+
+protected:
+    using Base::Base;
+};
+
+/// A serialisable class whose objects are shared and never cloned; the base of an abstract one.
+template <class Derived, class Base>
+class UncopiedClass : public SerializableClass<Derived, Base>
+{
+public:
+    bool hasCopySupport() const override
+    {
+        return false;
+    }
+
+    BaseDynamicObject* duplicate() const override
+    {
+        details::raiseWithoutCopySupport(Derived::getTypeName());
+    }
+
+    DynamicObjectPtr duplicateShared() const override
+    {
+        details::raiseWithoutCopySupport(Derived::getTypeName());
+    }
+
+    void copy(const BaseDynamicObject&) override
+    {
+        details::raiseWithoutCopySupport(Derived::getTypeName());
+    }
+
+protected:
+    using SerializableClass<Derived, Base>::SerializableClass;
+};
+
+/// A serialisable class whose objects can be copied; what they hold by shared pointer is shared.
+template <class Derived, class Base>
+class CopiedClass : public SerializableClass<Derived, Base>
+{
+public:
+    bool hasCopySupport() const override
+    {
+        return true;
+    }
+
+    BaseDynamicObject* duplicate() const override
+    {
+        auto pCopy = std::make_unique<Derived>();
+        pCopy->copy(*this);
+        return pCopy.release();
+    }
+
+    DynamicObjectPtr duplicateShared() const override
+    {
+        const auto pCopy = boost::make_shared<Derived>();
+        pCopy->copy(*this);
+        return pCopy;
+    }
+
+    void copy(const BaseDynamicObject& other) override
+    {
+        const auto* const pOther = dynamic_cast<const Derived*>(&other);
+        OVRIXUTIL_RAISE_UNLESS(pOther != nullptr, eOVRIXUtilErrors, 4, Derived::getTypeName(), other.getClassName());
+        Base::copy(other);
+        SerializableAccess::copyMembers(static_cast<Derived&>(*this), *pOther);
+    }
+
+protected:
+    using SerializableClass<Derived, Base>::SerializableClass;
+};
+
+/// Adds the creators of a concrete class.
+template <class Derived, class Class>
+class CreatableObject : public Class
+{
+public:
+    static Derived* createNewObject()
+    {
+        return new Derived;
+    }
+
+    static boost::shared_ptr<Derived> createSharedObject()
+    {
+        return boost::make_shared<Derived>();
+    }
+
+    const std::string& getClassName() const override
+    {
+        return Derived::getTypeName();
+    }
+
+    BaseDynamicObject* createNew() const override
+    {
+        return createNewObject();
+    }
+
+    DynamicObjectPtr createShared() const override
+    {
+        return createSharedObject();
+    }
+
+protected:
+    using Class::Class;
+};
+
+/// Base of a concrete serialisable class with copy support.
+template <class Derived, class Base>
+using CopyableObject = CreatableObject<Derived, CopiedClass<Derived, Base>>;
+
+/// Base of a concrete serialisable class without copy support.
+template <class Derived, class Base>
+using UncopyableObject = CreatableObject<Derived, UncopiedClass<Derived, Base>>;
+
+} // namespace ovrix

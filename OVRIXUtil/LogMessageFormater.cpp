@@ -1,0 +1,47 @@
+#include <OVRIXUtil/LogMessageFormater.h>
+#include <OVRIXUtil/OVRIXUtilFailure.h>
+
+namespace ovrix
+{
+
+namespace
+{
+
+constexpr auto g_reportedErrors = boost::io::all_error_bits ^ boost::io::too_few_args_bit;
+
+} // namespace
+
+LogMessageFormater::LogMessageFormater(const LogMessageManager& manager) : _pManager(&manager)
+{
+    _format.exceptions(g_reportedErrors);
+}
+
+LogMessageFormater& LogMessageFormater::setMsgId(const std::string& domainKey, int id)
+{
+    const std::string* const pText = _pManager->findMessage(domainKey, id);
+    OVRIXUTIL_RAISE_UNLESS(pText != nullptr, eOVRIXUtilErrors, 0, domainKey, static_cast<long long>(id));
+    _format.parse(*pText);
+    return *this;
+}
+
+template <class T>
+LogMessageFormater& LogMessageFormater::operator%(const T& argument)
+{
+    OVRIXUTIL_RAISE_UNLESS(_format.remaining_args() > 0, eOVRIXUtilErrors, 1, _format.str());
+    _format % argument;
+    return *this;
+}
+
+std::string LogMessageFormater::string() const
+{
+    return _format.str();
+}
+
+template LogMessageFormater& LogMessageFormater::operator%(const unsigned long&);
+template LogMessageFormater& LogMessageFormater::operator%(const unsigned int&);
+template LogMessageFormater& LogMessageFormater::operator%(const double&);
+template LogMessageFormater& LogMessageFormater::operator%(const long long&);
+template LogMessageFormater& LogMessageFormater::operator%(const std::string&);
+template LogMessageFormater& LogMessageFormater::operator%(const char* const&);
+
+} // namespace ovrix

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <OVRIXUtil/Export.h>
+#include <OVRIXUtil/LogMessageManager.h>
+
+#include <boost/format.hpp>
+
+#include <string>
+#include <typeinfo>
+
+namespace ovrix
+{
+
+/// Formats a text of a message catalogue.
+///
+/// ```cpp
+/// LogMessageFormater formater(getOVRIXMathLogMessageManager());
+/// const std::string text = (formater[eEstimationMessage::domain(17)] % nbData % nbMinData).string();
+/// ```
+///
+/// Placeholders follow boost::format. Those that are left unfed come out empty. An unknown domain or id, or one
+/// argument too many, raises an OVRIXUtilException.
+class OVRIXUTIL_EXPORT LogMessageFormater
+{
+public:
+    /// Binds the formatter to a catalogue, which must outlive it.
+    explicit LogMessageFormater(const LogMessageManager& manager);
+
+    /// Selects a text of the catalogue.
+    ///
+    /// @param domainKey key of the domain, see LogMessageManager
+    /// @param id number of the text within its domain
+    /// @throws OVRIXUtilException when the catalogue has no such text
+    LogMessageFormater& setMsgId(const std::string& domainKey, int id);
+
+    /// Selects a text by a value of its domain's enumeration; as setMsgId().
+    template <class D>
+    LogMessageFormater& operator[](const D& id)
+    {
+        return setMsgId(typeid(D).name(), static_cast<int>(id));
+    }
+
+    /// Feeds the next placeholder.
+    ///
+    /// @tparam T one of `unsigned long`, `unsigned int`, `double`, `long long`, `std::string`, `const char*`
+    /// @throws OVRIXUtilException when all placeholders have been fed already
+    template <class T>
+    LogMessageFormater& operator%(const T& argument);
+
+    /// The formatted text.
+    std::string string() const;
+
+private:
+    const LogMessageManager* _pManager;
+    boost::format _format;
+};
+
+extern template OVRIXUTIL_EXPORT LogMessageFormater& LogMessageFormater::operator%(const unsigned long&);
+extern template OVRIXUTIL_EXPORT LogMessageFormater& LogMessageFormater::operator%(const unsigned int&);
+extern template OVRIXUTIL_EXPORT LogMessageFormater& LogMessageFormater::operator%(const double&);
+extern template OVRIXUTIL_EXPORT LogMessageFormater& LogMessageFormater::operator%(const long long&);
+extern template OVRIXUTIL_EXPORT LogMessageFormater& LogMessageFormater::operator%(const std::string&);
+extern template OVRIXUTIL_EXPORT LogMessageFormater& LogMessageFormater::operator%(const char* const&);
+
+} // namespace ovrix

@@ -1,0 +1,8 @@
+#include <OVRIXUtil/OVRIXUtilException.h>
+
+namespace ovrix
+{
+
+OVRIXUtilException::~OVRIXUtilException() = default;
+
+} // namespace ovrix
