@@ -1,6 +1,8 @@
 #include <OVRIXUtil/LogMessageFormater.h>
 #include <OVRIXUtil/OVRIXUtilFailure.h>
 
+#include <locale>
+
 namespace ovrix
 {
 
@@ -11,10 +13,17 @@ constexpr auto g_reportedErrors = boost::io::all_error_bits ^ boost::io::too_few
 
 } // namespace
 
-LogMessageFormater::LogMessageFormater(const LogMessageManager& manager) : _pManager(&manager)
+LogMessageFormater::LogMessageFormater(const LogMessageManager& manager)
+    : _pManager(&manager), _format("", std::locale::classic())
 {
     _format.exceptions(g_reportedErrors);
 }
+
+LogMessageFormater::LogMessageFormater(const LogMessageFormater& other) = default;
+
+LogMessageFormater& LogMessageFormater::operator=(const LogMessageFormater& other) = default;
+
+LogMessageFormater::~LogMessageFormater() = default;
 
 LogMessageFormater& LogMessageFormater::setMsgId(const std::string& domainKey, int id)
 {
@@ -27,14 +36,15 @@ LogMessageFormater& LogMessageFormater::setMsgId(const std::string& domainKey, i
 template <class T>
 LogMessageFormater& LogMessageFormater::operator%(const T& argument)
 {
-    OVRIXUTIL_RAISE_UNLESS(_format.remaining_args() > 0, eOVRIXUtilErrors, 1, _format.str());
+    OVRIXUTIL_RAISE_UNLESS(_format.remaining_args() > 0, eOVRIXUtilErrors, 1, string());
     _format % argument;
     return *this;
 }
 
 std::string LogMessageFormater::string() const
 {
-    return _format.str();
+    // Of a copy: boost::format starts anew with the argument that follows on its str().
+    return boost::format(_format).str();
 }
 
 template LogMessageFormater& LogMessageFormater::operator%(const unsigned long&);
