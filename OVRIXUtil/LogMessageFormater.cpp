@@ -9,14 +9,18 @@ namespace ovrix
 namespace
 {
 
-constexpr auto g_reportedErrors = boost::io::all_error_bits ^ boost::io::too_few_args_bit;
+/// A format that takes the same form under every global locale, and leaves unfed placeholders empty.
+boost::format makeFormat(const std::string& text)
+{
+    boost::format format(text, std::locale::classic());
+    format.exceptions(boost::io::all_error_bits ^ boost::io::too_few_args_bit);
+    return format;
+}
 
 } // namespace
 
-LogMessageFormater::LogMessageFormater(const LogMessageManager& manager)
-    : _pManager(&manager), _format("", std::locale::classic())
+LogMessageFormater::LogMessageFormater(const LogMessageManager& manager) : _pManager(&manager), _format(makeFormat(""))
 {
-    _format.exceptions(g_reportedErrors);
 }
 
 LogMessageFormater::LogMessageFormater(const LogMessageFormater& other) = default;
@@ -29,7 +33,7 @@ LogMessageFormater& LogMessageFormater::setMsgId(const std::string& domainKey, i
 {
     const std::string* const pText = _pManager->findMessage(domainKey, id);
     OVRIXUTIL_RAISE_UNLESS(pText != nullptr, eOVRIXUtilErrors, 0, domainKey, static_cast<long long>(id));
-    _format.parse(*pText);
+    _format = makeFormat(*pText);
     return *this;
 }
 
