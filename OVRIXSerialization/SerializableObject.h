@@ -98,7 +98,7 @@ struct ItemWriter
     BaseOArchive& archive;
 
     template <class T>
-    void operator()(const std::string& name, const T& value)
+    void operator()(std::string_view name, const T& value)
     {
         archive << SerializationOItem<T>(name, value);
     }
@@ -110,7 +110,7 @@ struct ItemReader
     BaseIArchive& archive;
 
     template <class T>
-    void operator()(const std::string& name, T& value)
+    void operator()(std::string_view name, T& value)
     {
         archive >> SerializationIItem<T>(name, value);
     }
