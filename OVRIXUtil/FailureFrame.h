@@ -58,7 +58,7 @@ std::string formatMessage(const LogMessageManager& messages, int id, const Argum
 {
     LogMessageFormater formater(messages);
     formater[static_cast<Domain>(id)];
-    (formater % ... % arguments);
+    (static_cast<void>(formater % arguments), ...);
     return formater.string();
 }
 
