@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 /// @file
 /// What every serialisable class repeats, written once: a class says its name, its version, its base and its items.
@@ -60,12 +61,12 @@ namespace details
 {
 
 /// Writes the section that holds a class's version, unless the archive has it already.
-OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, const std::string& className, ovUInt32 version);
+OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version);
 
 /// Reads the section that holds a class's version, unless the archive has been asked for it already.
 ///
 /// @throws OVRIXSerializationException when the archive's version is newer than `version`
-OVRIXSERIALIZATION_EXPORT void readClassVersion(BaseIArchive& archive, const std::string& className, ovUInt32 version);
+OVRIXSERIALIZATION_EXPORT void readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 version);
 
 /// Raises the failure of a class that cannot be copied.
 [[noreturn]] OVRIXSERIALIZATION_EXPORT void raiseWithoutCopySupport(const std::string& className);
@@ -170,34 +171,45 @@ public:
     }
 
     /// Writes the base, the version of the class at its first object in the archive, and the items of the class.
-    BoolResult write(BaseOArchive& archive) const override
-    {
-        BoolResult result = Base::write(archive);
-        if (!result)
-            return result;
-        details::writeClassVersion(archive, getTypeName(), getVersion());
-        details::ItemWriter items{archive};
-        SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
-        return true;
-    }
+    BoolResult write(BaseOArchive& archive) const override;
 
     /// Reads what write() wrote, also by an older version of the class.
     ///
     /// @throws OVRIXSerializationException when the archive was written by a newer version of the class
-    BoolResult read(BaseIArchive& archive) override
-    {
-        BoolResult result = Base::read(archive);
-        if (!result)
-            return result;
-        details::readClassVersion(archive, getTypeName(), getVersion());
-        details::ItemReader items{archive};
-        SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
-        return true;
-    }
+    BoolResult read(BaseIArchive& archive) override;
 
 protected:
     using Base::Base;
 };
+
+// The bodies of the next two stand outside of the class, so that they are made in one source file only, where the class
+// describes its items.
+
+template <class Derived, class Base>
+BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const
+{
+    BoolResult result = Base::write(archive);
+    if (!result)
+        return result;
+    details::writeClassVersion(archive, SerializableAccess::className<Derived>(),
+                               SerializableAccess::classVersion<Derived>());
+    details::ItemWriter items{archive};
+    SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
+    return true;
+}
+
+template <class Derived, class Base>
+BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
+{
+    BoolResult result = Base::read(archive);
+    if (!result)
+        return result;
+    details::readClassVersion(archive, SerializableAccess::className<Derived>(),
+                              SerializableAccess::classVersion<Derived>());
+    details::ItemReader items{archive};
+    SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
+    return true;
+}
 
 /// A serialisable class whose objects are shared and never cloned; the base of an abstract one.
 template <class Derived, class Base>
