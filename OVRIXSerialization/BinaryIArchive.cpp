@@ -252,8 +252,8 @@ void BinaryIArchive::processOpenSection(std::string_view name)
 
 void BinaryIArchive::processCloseSection()
 {
-    OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().type == eAE_SectionEnd, 14, describe(peekEntry()),
-                                    getSectionPath());
+    OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().type == eAE_SectionEnd, 14, getSectionPath(),
+                                    describe(peekEntry()));
     _pDecoder->consume();
 }
 

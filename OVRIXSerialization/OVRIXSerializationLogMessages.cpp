@@ -26,7 +26,7 @@ const bool g_bRegistred = details::registerMessages(
         /* 11 */ "Object of class %s can't be written\n%s",
         /* 12 */ "Object of class %s can't be read\n%s",
         /* 13 */ "Expecting an object of class %s while archive holds an object of class %s, in section \"%s\"",
-        /* 14 */ "Expecting the end of the section while archive holds %s, in section \"%s\"",
+        /* 14 */ "Expecting the end of section \"%s\" while archive holds %s",
         /* 15 */ "Archive is closed",
         /* 16 */ "Sections can't be nested deeper than %d levels, in section \"%s\"",
         /* 17 */ "Class %s has no version in archive",

@@ -282,7 +282,7 @@ void TextIArchive::processOpenSection(std::string_view name)
 void TextIArchive::processCloseSection()
 {
     const ArchiveEntry entry = peekEntry();
-    OVRIXSERIALIZATION_RAISE_UNLESS(entry.type == eAE_SectionEnd, 14, describe(entry), getSectionPath());
+    OVRIXSERIALIZATION_RAISE_UNLESS(entry.type == eAE_SectionEnd, 14, getSectionPath(), describe(entry));
     _pDocument->closeSection();
 }
 
