@@ -4,15 +4,17 @@
 #include <OVRIXUtil/NumericLimits.h>
 #include <OVRIXUtil/Types.h>
 
+#include <string>
+
 namespace ovrix
 {
 namespace details
 {
 
-void raiseOutOfRange(const BaseIArchive& archive, double item)
+void raiseOutOfRange(const BaseIArchive& archive, double item, const char* kind, std::size_t size)
 {
     raise<OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
-        OVRIX_FAILURE_SITE, 3, "value", formatValue(item), "the elements", archive.getSectionPath());
+        OVRIX_FAILURE_SITE, 3, "value", formatValue(item), kind + std::to_string(8 * size), archive.getSectionPath());
 }
 
 void writeSize(BaseOArchive& archive, std::string_view name, std::size_t size)

@@ -33,6 +33,10 @@ struct NumberItem
     using Integer =
         std::conditional_t<std::is_signed<T>::value, std::conditional_t<sizeof(T) <= sizeof(int), int, long>,
                            std::conditional_t<sizeof(T) <= sizeof(unsigned int), unsigned int, unsigned long>>;
+    static constexpr const char* s_kind = std::is_floating_point<T>::value ? "float"
+                                          : std::is_signed<T>::value       ? "int"
+                                                                           : "uint";
+
     using Type = std::conditional_t<std::is_floating_point<T>::value, double, Integer>;
 };
 
@@ -56,8 +60,12 @@ bool storeItem(typename NumberItem<T>::Type item, T& element)
     return true;
 }
 
-/// Raises for an item that lies out of the range of the elements' type.
-[[noreturn]] OVRIXSERIALIZATION_EXPORT void raiseOutOfRange(const BaseIArchive& archive, double item);
+/// Raises for an item that lies out of the range of its element.
+///
+/// @param kind kind of the element's type: "int", "uint" or "float"
+/// @param size its bytes
+[[noreturn]] OVRIXSERIALIZATION_EXPORT void raiseOutOfRange(const BaseIArchive& archive, double item, const char* kind,
+                                                            std::size_t size);
 
 /// Writes a size as an `ovUInt32` item.
 ///
@@ -99,7 +107,7 @@ void readNumbers(BaseIArchive& archive, std::size_t count, Resize&& resize)
         typename NumberItem<T>::Type value;
         archive.readItem("value", value);
         if (!storeItem(value, pFirst[i]))
-            raiseOutOfRange(archive, static_cast<double>(value));
+            raiseOutOfRange(archive, static_cast<double>(value), NumberItem<T>::s_kind, sizeof(T));
     }
 }
 

@@ -170,6 +170,11 @@ public:
         return SerializableAccess::classVersion<Derived>();
     }
 
+    const std::string& getClassName() const override
+    {
+        return getTypeName();
+    }
+
     /// Writes the base, the version of the class at its first object in the archive, and the items of the class.
     BoolResult write(BaseOArchive& archive) const override;
 
@@ -240,30 +245,12 @@ protected:
     using SerializableClass<Derived, Base>::SerializableClass;
 };
 
-/// A serialisable class whose objects can be copied; what they hold by shared pointer is shared.
+/// A serialisable class whose objects can be copied; what they hold by shared pointer is shared. The base of an abstract
+/// one: a concrete class says how its objects are duplicated.
 template <class Derived, class Base>
 class CopiedClass : public SerializableClass<Derived, Base>
 {
 public:
-    bool hasCopySupport() const override
-    {
-        return true;
-    }
-
-    BaseDynamicObject* duplicate() const override
-    {
-        auto pCopy = std::make_unique<Derived>();
-        pCopy->copy(*this);
-        return pCopy.release();
-    }
-
-    DynamicObjectPtr duplicateShared() const override
-    {
-        const auto pCopy = boost::make_shared<Derived>();
-        pCopy->copy(*this);
-        return pCopy;
-    }
-
     void copy(const BaseDynamicObject& other) override
     {
         const auto* const pOther = dynamic_cast<const Derived*>(&other);
@@ -291,11 +278,6 @@ public:
         return boost::make_shared<Derived>();
     }
 
-    const std::string& getClassName() const override
-    {
-        return Derived::getTypeName();
-    }
-
     BaseDynamicObject* createNew() const override
     {
         return createNewObject();
@@ -312,7 +294,31 @@ protected:
 
 /// Base of a concrete serialisable class with copy support.
 template <class Derived, class Base>
-using CopyableObject = CreatableObject<Derived, CopiedClass<Derived, Base>>;
+class CopyableObject : public CreatableObject<Derived, CopiedClass<Derived, Base>>
+{
+public:
+    bool hasCopySupport() const override
+    {
+        return true;
+    }
+
+    BaseDynamicObject* duplicate() const override
+    {
+        auto pCopy = std::make_unique<Derived>();
+        pCopy->copy(*this);
+        return pCopy.release();
+    }
+
+    DynamicObjectPtr duplicateShared() const override
+    {
+        const auto pCopy = boost::make_shared<Derived>();
+        pCopy->copy(*this);
+        return pCopy;
+    }
+
+protected:
+    using CreatableObject<Derived, CopiedClass<Derived, Base>>::CreatableObject;
+};
 
 /// Base of a concrete serialisable class without copy support.
 template <class Derived, class Base>
