@@ -47,14 +47,13 @@ std::string readAll(std::istream& stream)
     constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
     details::StreamReader reader(stream);
     std::string text;
-    std::size_t nbRead = 0;
+    std::size_t size = 0;
     do
     {
-        nbRead = text.size();
-        const std::size_t step = reader.isLengthKnown() ? reader.getRest() : nbRead;
-        text.resize(nbRead + std::max<std::size_t>(step, 4096));
-        text.resize(nbRead + reader.read(&text[nbRead], text.size() - nbRead));
-    } while (text.size() > nbRead);
+        size = text.size();
+        text.resize(std::max<std::size_t>(2 * size, 4096)); // no more than what was read vouches for
+        text.resize(size + reader.read(&text[size], text.size() - size));
+    } while (text.size() > size);
     if (text.compare(0, 3, byteOrderMark) == 0)
         text.erase(0, 3);
     return text;
