@@ -75,6 +75,8 @@ struct NistProblem
     double computeParamDigits(const double* b) const;
 
     /// The number of significant digits in which the sum of squares at `b` agrees with the certified one, at most 11.
+    /// Digits are relative to the sum at the certified parameters where that is larger: the one of Lanczos1 is all
+    /// rounding, of the eleven digits of its parameters.
     double computeSumOfSquaresDigits(const double* b) const;
 };
 
