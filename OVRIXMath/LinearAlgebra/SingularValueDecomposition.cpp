@@ -14,6 +14,7 @@ namespace ovrix
 namespace math
 {
 
+using details::copyOf;
 using details::MatrixBuffer;
 using details::uninitialised;
 using details::VectorBuffer;
@@ -22,11 +23,6 @@ namespace
 {
 
 constexpr double g_tol = NumericLimits<double>::s_sqrt_eps;
-
-MatrixBuffer copyOf(const Matrix& A)
-{
-    return MatrixBuffer(A.data().begin(), A.data().end());
-}
 
 /// LAPACK's decomposition of `a`, whose content is lost or replaced as the jobs say; `s` gets min(m, n) values.
 void decompose(char jobu, char jobvt, std::size_t m, std::size_t n, double* a, double* s, double* u, std::size_t ldu,
@@ -57,7 +53,7 @@ ovUInt32 svdSolve(const Matrix& A, const Vector& b, Vector& x)
     OVRIXMATH_RAISE_UNLESS(b.size() == m, eLinearAlgebraMessage, 10, m, b.size());
     OVRIXMATH_RAISE_UNLESS(x.size() == n, eLinearAlgebraMessage, 2, n, x.size());
     MatrixBuffer a = copyOf(A);
-    VectorBuffer work(b.data().begin(), b.data().end());
+    VectorBuffer work = copyOf(b);
     const ovUInt32 rank =
         details::svdSolveInPlace(static_cast<ovUInt32>(m), static_cast<ovUInt32>(n), 1, a.data(), work.data());
     std::copy_n(work.begin(), n, x.data().begin());
@@ -142,19 +138,21 @@ ovUInt32 svdInverse(const Matrix& A, Matrix& Ainv)
         std::for_each(vt.data() + q * n, vt.data() + (q + 1) * n, [inv](double& value) { value *= inv; });
     }
     // Column r of the inverse: n sums at once, each in the order of the singular values.
-    VectorBuffer sums(n, uninitialised);
+    VectorBuffer column(n, uninitialised);
+    double* const sums = column.data();
+    double* const inverse = Ainv.data().begin();
     for (std::size_t r = 0; r < m; ++r)
     {
-        std::fill(sums.begin(), sums.end(), 0.0);
+        std::fill_n(sums, n, 0.0);
         for (std::size_t q = 0; q < n; ++q)
         {
             const double urq = u[r * n + q];
-            const double* const vtq = vt.data() + q * n;
+            const double* const row = vt.data() + q * n;
             for (std::size_t i = 0; i < n; ++i)
-                sums[i] += vtq[i] * urq;
+                sums[i] += row[i] * urq;
         }
         for (std::size_t i = 0; i < n; ++i)
-            Ainv.data()[i * m + r] = sums[i];
+            inverse[i * m + r] = sums[i];
     }
     return computeRank(s.data(), n);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <OVRIXMath/Types.h>
+
 #include <boost/container/small_vector.hpp>
 
 #include <cstddef>
@@ -14,7 +16,7 @@ namespace details
 /// Working array of a routine, on the stack for up to N elements.
 ///
 /// ```cpp
-/// MatrixBuffer copy(A.data().begin(), A.data().end());
+/// MatrixBuffer a = copyOf(A);
 /// VectorBuffer filledLater(n, uninitialised);
 /// ```
 template <std::size_t N>
@@ -28,6 +30,16 @@ using VectorBuffer = WorkBuffer<16>;
 
 /// Second constructor argument of a buffer whose elements need no initial value.
 constexpr boost::container::default_init_t uninitialised{};
+
+inline MatrixBuffer copyOf(const Matrix& A)
+{
+    return MatrixBuffer(A.data().begin(), A.data().end());
+}
+
+inline VectorBuffer copyOf(const Vector& v)
+{
+    return VectorBuffer(v.data().begin(), v.data().end());
+}
 
 } // namespace details
 } // namespace math

@@ -11,6 +11,9 @@
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/make_shared.hpp>
+#include <boost/random/mersenne_twister.hpp>
+#include <boost/random/uniform_int_distribution.hpp>
+#include <boost/random/uniform_real_distribution.hpp>
 #include <lapacke.h>
 
 #include <algorithm>
@@ -139,23 +142,64 @@ void partitionInit(benchmark::State& state)
 }
 BENCHMARK(partitionInit)->Arg(10000)->Arg(1000000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-/// Beside six draws of a datum among all, with no grid and no memory of earlier sub-sets.
+/// The cells of a partition in flat arrays, and the draw of one datum from each of six of them.
+class PlainPartition
+{
+public:
+    explicit PlainPartition(const DataSet& dataSet)
+    {
+        BaseGridPartition::BucketPopulation population;
+        AdaptiveGridPartition().populateBuckets(dataSet, population);
+        double share = 0.0;
+        for (const auto& bucket : population)
+        {
+            share += static_cast<double>(bucket.second.size()) / static_cast<double>(dataSet.size());
+            _shares.push_back(share);
+            _buckets.push_back(bucket.second);
+        }
+        _shares.back() = 1.0;
+    }
+
+    void draw(const DataSet& dataSet, DataSet& subSet)
+    {
+        std::size_t used[6];
+        for (std::size_t nbUsed = 0; nbUsed < 6;)
+        {
+            const double share = boost::random::uniform_real_distribution<double>(0.0, 1.0)(_generator);
+            const auto bucket =
+                static_cast<std::size_t>(std::upper_bound(_shares.begin(), _shares.end(), share) - _shares.begin());
+            if (std::find(used, used + nbUsed, bucket) != used + nbUsed)
+                continue;
+            const std::vector<ovUInt32>& data = _buckets[bucket];
+            const auto last = static_cast<ovUInt32>(data.size()) - 1;
+            const ovUInt32 place = boost::random::uniform_int_distribution<ovUInt32>(0, last)(_generator);
+            subSet[nbUsed] = dataSet[data[place]];
+            used[nbUsed++] = bucket;
+        }
+    }
+
+private:
+    std::vector<double> _shares;
+    std::vector<std::vector<ovUInt32>> _buckets;
+    boost::random::mt19937 _generator;
+};
+
+/// Beside a draw from flat arrays that neither orders the data nor remembers earlier sub-sets. Each accepted sub-set
+/// is remembered, which is what the allocations are: a node for each of its data and one for the set.
 void draw(benchmark::State& state)
 {
     const DataSet dataSet = makeDataSet(makePoints(static_cast<std::size_t>(state.range(0))));
     AdaptiveGridPartition partition;
     partition.init(6, dataSet);
+    PlainPartition plainPartition(dataSet);
     DataSet subSet;
-    DataSet peerSubSet(6, Vector(3));
-    std::uniform_int_distribution<std::size_t> indexes(0, dataSet.size() - 1);
-    std::mt19937 generator(1);
+    DataSet plainSubSet(6, Vector(3));
     compareWithPeer(
         state, [&] { benchmark::DoNotOptimize(static_cast<bool>(partition.createSubSet(dataSet, subSet))); },
         [&]
         {
-            for (Vector& datum : peerSubSet)
-                datum = dataSet[indexes(generator)];
-            benchmark::DoNotOptimize(peerSubSet.data());
+            plainPartition.draw(dataSet, plainSubSet);
+            benchmark::DoNotOptimize(plainSubSet.data());
         },
         100);
 }
