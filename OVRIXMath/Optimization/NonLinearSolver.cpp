@@ -1,12 +1,13 @@
+#include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXMath/Optimization/NonLinearSolver.h>
 #include <OVRIXMath/Optimization/OptimizationLogMessages.h>
 
+#include <boost/container/small_vector.hpp>
 #include <cminpack.h>
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace ovrix
 {
@@ -109,8 +110,11 @@ OptResult NonLinearSolver::solve(const CostFunctionConstPtr& pCostFunction, cons
     _trialEquations.resize(m, false);
     _jacobian.resize(n, m, false);
 
-    std::vector<int> ipvt(n);
-    std::vector<double> diag(n), qtf(n), wa1(n), wa3(n);
+    boost::container::small_vector<int, 16> ipvt(n, details::uninitialised);
+    details::VectorBuffer diag(n, details::uninitialised);
+    details::VectorBuffer qtf(n, details::uninitialised);
+    details::VectorBuffer wa1(n, details::uninitialised);
+    details::VectorBuffer wa3(n, details::uninitialised);
     constexpr double tol = NumericLimits<double>::s_sqrt_eps;
     const int maxfev = static_cast<int>((n + 1) * _nbMaxIterations);
     int nfev = 0;
