@@ -27,6 +27,7 @@ enum eArchiveEntry : int
 /// What stands next in an archive that is being read, see BaseIArchive::peekEntry().
 struct ArchiveEntry
 {
+    /// Its kind.
     eArchiveEntry type;
 
     /// Name of an item or a section, empty for the rest.

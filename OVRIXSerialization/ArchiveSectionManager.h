@@ -14,6 +14,7 @@ namespace ovrix
 class OVRIXSERIALIZATION_EXPORT ArchiveSectionManager : private boost::noncopyable
 {
 public:
+    /// Opens a section of that name.
     ArchiveSectionManager(BaseArchive& archive, std::string_view name);
 
     /// Closes the section, unless the scope is left by an exception: the archive is of no further use then.

@@ -60,6 +60,7 @@ public:
     std::string getSectionPath() const;
 
 protected:
+    /// @param bText whether the archive is a text archive
     explicit BaseArchive(bool bText);
 
 private:

@@ -28,6 +28,8 @@ class OVRIXSERIALIZATION_EXPORT BaseIArchive : public BaseArchive
 public:
     ~BaseIArchive() override;
 
+    /// @{
+    /// Reads the single value that stands next, which must have that name and type.
     virtual void readItem(std::string_view name, bool& value) = 0;
     virtual void readItem(std::string_view name, int& value) = 0;
     virtual void readItem(std::string_view name, unsigned int& value) = 0;
@@ -35,6 +37,7 @@ public:
     virtual void readItem(std::string_view name, unsigned long& value) = 0;
     virtual void readItem(std::string_view name, double& value) = 0;
     virtual void readItem(std::string_view name, std::string& value) = 0;
+    /// @}
 
     /// Reads a block of exactly `size` bytes; not for text archives. When it raises, the memory holds anything.
     void readBlock(void* pData, std::size_t size);

@@ -22,6 +22,8 @@ class OVRIXSERIALIZATION_EXPORT BaseOArchive : public BaseArchive
 public:
     ~BaseOArchive() override;
 
+    /// @{
+    /// Writes a single value under a name.
     virtual void writeItem(std::string_view name, bool value) = 0;
     virtual void writeItem(std::string_view name, int value) = 0;
     virtual void writeItem(std::string_view name, unsigned int value) = 0;
@@ -29,6 +31,7 @@ public:
     virtual void writeItem(std::string_view name, unsigned long value) = 0;
     virtual void writeItem(std::string_view name, double value) = 0;
     virtual void writeItem(std::string_view name, std::string_view value) = 0;
+    /// @}
 
     /// A literal is a string, not a truth.
     void writeItem(std::string_view name, const char* value);

@@ -37,6 +37,8 @@
 namespace ovrix
 {
 
+/// @{
+/// Writes or reads a container in the form above.
 template <class T>
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<boost::shared_ptr<T>>& item);
 template <class T>
@@ -53,6 +55,7 @@ template <class K, class V>
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::map<K, V>>& item);
 template <class K, class V>
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::map<K, V>>& item);
+/// @}
 
 namespace details
 {

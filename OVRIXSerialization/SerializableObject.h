@@ -122,24 +122,28 @@ struct ItemReader
 /// Friend of serialisable classes; reaches what they say of themselves.
 struct SerializableAccess
 {
+    /// Full name of the class.
     template <class Derived>
     static constexpr const char* className()
     {
         return Derived::s_className;
     }
 
+    /// Version of its archive form.
     template <class Derived>
     static constexpr ovUInt32 classVersion()
     {
         return Derived::s_classVersion;
     }
 
+    /// Hands each of its items to `items`.
     template <class Derived, class Items, class Self>
     static void describeItems(Items& items, Self& self)
     {
         Derived::describeItems(items, self);
     }
 
+    /// Copies its members.
     template <class Derived>
     static void copyMembers(Derived& target, const Derived& source)
     {
@@ -170,6 +174,7 @@ public:
         return SerializableAccess::classVersion<Derived>();
     }
 
+    /// getTypeName().
     const std::string& getClassName() const override
     {
         return getTypeName();
@@ -221,21 +226,25 @@ template <class Derived, class Base>
 class UncopiedClass : public SerializableClass<Derived, Base>
 {
 public:
+    /// `false`.
     bool hasCopySupport() const override
     {
         return false;
     }
 
+    /// @throws OVRIXUtilException always
     BaseDynamicObject* duplicate() const override
     {
         details::raiseWithoutCopySupport(Derived::getTypeName());
     }
 
+    /// @throws OVRIXUtilException always
     DynamicObjectPtr duplicateShared() const override
     {
         details::raiseWithoutCopySupport(Derived::getTypeName());
     }
 
+    /// @throws OVRIXUtilException always
     void copy(const BaseDynamicObject&) override
     {
         details::raiseWithoutCopySupport(Derived::getTypeName());
@@ -251,6 +260,9 @@ template <class Derived, class Base>
 class CopiedClass : public SerializableClass<Derived, Base>
 {
 public:
+    /// Copies the base and the members of the class.
+    ///
+    /// @throws OVRIXUtilException when `other` is of a foreign class
     void copy(const BaseDynamicObject& other) override
     {
         const auto* const pOther = dynamic_cast<const Derived*>(&other);
@@ -268,21 +280,25 @@ template <class Derived, class Class>
 class CreatableObject : public Class
 {
 public:
+    /// A new object in the state of its default constructor; the caller owns it.
     static Derived* createNewObject()
     {
         return new Derived;
     }
 
+    /// As createNewObject(), in shared ownership.
     static boost::shared_ptr<Derived> createSharedObject()
     {
         return boost::make_shared<Derived>();
     }
 
+    /// createNewObject().
     BaseDynamicObject* createNew() const override
     {
         return createNewObject();
     }
 
+    /// createSharedObject().
     DynamicObjectPtr createShared() const override
     {
         return createSharedObject();
@@ -297,11 +313,13 @@ template <class Derived, class Base>
 class CopyableObject : public CreatableObject<Derived, CopiedClass<Derived, Base>>
 {
 public:
+    /// `true`.
     bool hasCopySupport() const override
     {
         return true;
     }
 
+    /// A new object that copy() has made a copy of this one; the caller owns it.
     BaseDynamicObject* duplicate() const override
     {
         auto pCopy = std::make_unique<Derived>();
@@ -309,6 +327,7 @@ public:
         return pCopy.release();
     }
 
+    /// As duplicate(), in shared ownership.
     DynamicObjectPtr duplicateShared() const override
     {
         const auto pCopy = boost::make_shared<Derived>();

@@ -18,13 +18,16 @@ template <class T>
 class SerializationOItem
 {
 public:
+    /// The item of that name and value.
     SerializationOItem(std::string_view name, const T& value) : _name(name), _value(value) {}
 
+    /// The name.
     std::string_view getName() const
     {
         return _name;
     }
 
+    /// The value.
     const T& getValue() const
     {
         return _value;
@@ -40,13 +43,16 @@ template <class T>
 class SerializationIItem
 {
 public:
+    /// The item of that name and place.
     SerializationIItem(std::string_view name, T& value) : _name(name), _value(value) {}
 
+    /// The name.
     std::string_view getName() const
     {
         return _name;
     }
 
+    /// The place of the value.
     T& getValue() const
     {
         return _value;

@@ -42,6 +42,7 @@ public:
     /// Nothing done, the default configuration.
     KMeansClustering();
 
+    /// The configuration.
     const KMeansClusteringConfig& getConfig() const;
 
     /// Replaces the configuration; what has been computed stays.
@@ -70,12 +71,16 @@ public:
     /// Each raises Clustering message 0 unless the clustering is done.
     /// @{
 
+    /// Number of clusters.
     ovUInt32 getNbClusters() const;
+
+    /// Number of samples.
     ovUInt32 getNbInputData() const;
 
     /// Number of coordinates of the first sample.
     ovUInt32 getDataSize() const;
 
+    /// The samples.
     const VectorColl& getInputDataColl() const;
 
     /// Attempts that used up their iterations.

@@ -24,16 +24,16 @@
 namespace ovrix
 {
 
-/// @name Vectors and matrices of dynamic size
 /// @{
+/// Writes or reads a vector or matrix of dynamic size.
 OVRIXMATH_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<math::Vector>& item);
 OVRIXMATH_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<math::Vector>& item);
 OVRIXMATH_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<math::Matrix>& item);
 OVRIXMATH_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<math::Matrix>& item);
 /// @}
 
-/// @name Vectors of fixed size
 /// @{
+/// Writes or reads a vector of fixed size.
 OVRIXMATH_EXPORT BaseOArchive&
 operator<<(BaseOArchive& archive, const SerializationOItem<boost::numeric::ublas::bounded_vector<double, 2>>& item);
 OVRIXMATH_EXPORT BaseIArchive&
@@ -48,8 +48,8 @@ OVRIXMATH_EXPORT BaseIArchive&
 operator>>(BaseIArchive& archive, const SerializationIItem<boost::numeric::ublas::bounded_vector<double, 4>>& item);
 /// @}
 
-/// @name Matrices of fixed size
 /// @{
+/// Writes or reads a matrix of fixed size.
 OVRIXMATH_EXPORT BaseOArchive&
 operator<<(BaseOArchive& archive, const SerializationOItem<boost::numeric::ublas::bounded_matrix<double, 2, 2>>& item);
 OVRIXMATH_EXPORT BaseIArchive&

@@ -22,8 +22,8 @@ enum eOptStatus : int
 /// Outcome of a minimisation.
 struct OptResult
 {
-    eOptStatus status;
-    std::string msg; ///< the reason in words, from the message catalogue
+    eOptStatus status; ///< how it ended
+    std::string msg;   ///< the reason in words, from the message catalogue
 };
 
 /// Minimises the sum of squares of a cost function's equations by the Levenberg-Marquardt method.
