@@ -89,6 +89,9 @@ Outcome interpret(int info, const Vector& equations)
 }
 
 /// minPackProxy() with the signature that lmder calls: x comes as constant, though it is always storage of the solver.
+///
+/// What a cost function throws unwinds lmder, which holds nothing that would have to be released; code for x86-64 carries
+/// the tables for that in any language.
 int callMinPackProxy(void* p, int m, int n, const double* x, double* fvec, double* fjac, int ldfjac, int iflag)
 {
     return NonLinearSolver::minPackProxy(p, m, n, const_cast<double*>(x), fvec, fjac, ldfjac, iflag);

@@ -2,6 +2,7 @@
 
 #include <ceres/ceres.h>
 #include <ceres/tiny_solver.h>
+#include <glog/logging.h>
 
 namespace ovrix
 {
@@ -45,6 +46,7 @@ public:
         _options.max_num_iterations = 100 * static_cast<int>(start.size() + 1);
         _options.num_threads = 1;
         _options.logging_type = ceres::SILENT;
+        FLAGS_minloglevel = google::GLOG_ERROR; // it warns of every step to where a model overflows
     }
 
     void solve() override
