@@ -49,6 +49,8 @@ protected:
     ///
     /// @return failure when there are fewer cells than a sub-set has data
     BoolResult initDerived(const DataSet& dataSet, ovUInt32 subSetRequestedSize) override;
+
+    /// Forgets the cells.
     void clearDerived() override;
 
     /// Draws from RandomUniformGenerator: for each datum a real in [0, 1[ that chooses the cell, again until the cell

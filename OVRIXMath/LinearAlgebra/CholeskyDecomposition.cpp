@@ -1,0 +1,75 @@
+#include <OVRIXMath/LinearAlgebra/CholeskyDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
+#include <OVRIXMath/OVRIXMathFailure.h>
+
+#include <lapacke.h>
+
+#include <algorithm>
+#include <cstddef>
+
+namespace ovrix
+{
+namespace math
+{
+
+namespace
+{
+
+/// Replaces the upper triangle of an n x n matrix by its Cholesky factor; `false` when it is not positive definite.
+bool factorize(std::size_t size, double* a)
+{
+    const auto n = static_cast<lapack_int>(size);
+    const lapack_int info = LAPACKE_dpotrf(LAPACK_ROW_MAJOR, 'U', n, a, n);
+    OVRIXMATH_RAISE_UNLESS(info >= 0, eLinearAlgebraMessage, 11);
+    return info == 0;
+}
+
+} // namespace
+
+bool choleskyDecomposition(const Matrix& A, Matrix& U)
+{
+    const std::size_t n = A.size2();
+    OVRIXMATH_RAISE_UNLESS(A.size1() == n, eLinearAlgebraMessage, 3, A.size1(), n);
+    OVRIXMATH_RAISE_UNLESS(U.size1() == n && U.size2() == n, eLinearAlgebraMessage, 5, U.size1(), U.size2(), A.size1(),
+                           n);
+    if (n == 0)
+        return true;
+    double* const u = U.data().begin();
+    std::copy(A.data().begin(), A.data().end(), u);
+    if (!factorize(n, u))
+        return false;
+    for (std::size_t i = 1; i < n; ++i)
+        std::fill_n(u + i * n, i, 0.0);
+    return true;
+}
+
+bool choleskyInverse(Matrix& A)
+{
+    const std::size_t n = A.size2();
+    OVRIXMATH_RAISE_UNLESS(A.size1() == n, eLinearAlgebraMessage, 3, A.size1(), n);
+    if (n == 0)
+        return true;
+    double* const a = A.data().begin();
+    if (!factorize(n, a))
+        return false;
+    // The outcome is left alone, and that is meant: a factor with a positive diagonal has an inverse.
+    LAPACKE_dpotri(LAPACK_ROW_MAJOR, 'U', static_cast<lapack_int>(n), a, static_cast<lapack_int>(n));
+    for (std::size_t r = 0; r < n; ++r)
+    {
+        for (std::size_t c = r + 1; c < n; ++c)
+            a[c * n + r] = a[r * n + c];
+    }
+    return true;
+}
+
+bool choleskyInverse(const Matrix& A, Matrix& Ainv)
+{
+    OVRIXMATH_RAISE_UNLESS(Ainv.size1() == A.size1() && Ainv.size2() == A.size2(), eLinearAlgebraMessage, 5,
+                           Ainv.size1(), Ainv.size2(), A.size1(), A.size2());
+    OVRIXMATH_RAISE_UNLESS(A.size1() == A.size2(), eLinearAlgebraMessage, 3, A.size1(), A.size2());
+    std::copy(A.data().begin(), A.data().end(), Ainv.data().begin());
+    return choleskyInverse(Ainv);
+}
+
+} // namespace math
+} // namespace ovrix

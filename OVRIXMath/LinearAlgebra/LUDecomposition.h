@@ -1,0 +1,60 @@
+#pragma once
+
+#include <OVRIXMath/Export.h>
+#include <OVRIXMath/Types.h>
+
+/// @file
+/// Solution and inverse of square systems by the LU decomposition with partial pivoting, and inverses of triangular
+/// matrices, by LAPACK.
+///
+/// Sizes are checked first; whatever is raised by such a check leaves the outputs unchanged. `false` means that the
+/// matrix is singular to the last bit; the outputs then hold nothing usable. A 0 x 0 matrix succeeds. A failure of
+/// LAPACK of any other kind raises; NaN in an input is such a failure.
+
+namespace ovrix
+{
+namespace math
+{
+
+/// Solves A x = b.
+///
+/// @param A n x n
+/// @param b n elements
+/// @param[out] x n elements
+/// @return whether A is not singular
+/// @throws OVRIXMathException when A is not square, a size does not fit or LAPACK fails
+OVRIXMATH_EXPORT bool luSolve(const Matrix& A, const Vector& b, Vector& x);
+
+/// Replaces A by its inverse.
+///
+/// @param[in,out] A n x n; overwritten by factors when it is singular
+/// @return whether A is not singular
+/// @throws OVRIXMathException when A is not square or LAPACK fails
+OVRIXMATH_EXPORT bool luInverse(Matrix& A);
+
+/// Inverse of A.
+///
+/// @param A n x n
+/// @param[out] Ainv n x n
+/// @return whether A is not singular
+/// @throws OVRIXMathException when Ainv has not the size of A, A is not square or LAPACK fails
+OVRIXMATH_EXPORT bool luInverse(const Matrix& A, Matrix& Ainv);
+
+/// Replaces the upper triangle of A by the inverse of that triangle; the strict lower triangle is neither read nor
+/// written.
+///
+/// @param[in,out] A n x n; unchanged when there is a zero on its diagonal
+/// @return whether there is no zero on the diagonal of A
+/// @throws OVRIXMathException when A is not square or LAPACK fails
+OVRIXMATH_EXPORT bool upperTriangularInverse(Matrix& A);
+
+/// Replaces the lower triangle of A by the inverse of that triangle; the strict upper triangle is neither read nor
+/// written.
+///
+/// @param[in,out] A n x n; unchanged when there is a zero on its diagonal
+/// @return whether there is no zero on the diagonal of A
+/// @throws OVRIXMathException when A is not square or LAPACK fails
+OVRIXMATH_EXPORT bool lowerTriangularInverse(Matrix& A);
+
+} // namespace math
+} // namespace ovrix

@@ -1,0 +1,137 @@
+#include <OVRIXMath/Tools/GaussianSmoothing1D.h>
+#include <OVRIXMath/Tools/RoundingRules.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace ovrix
+{
+namespace math
+{
+
+namespace
+{
+
+/// The number of taps of the whole kernel, odd; below 0 for a negative sigma.
+int computeKernelSize(float sigma)
+{
+    const int size = details::truncateTo<int>(2.0 * sigma + 0.5);
+    return size % 2 == 0 ? size + 1 : size;
+}
+
+/// The taps [first, end) of the kernel of `size` taps.
+std::vector<float> computeKernel(float sigma, int size, std::ptrdiff_t first, std::ptrdiff_t end)
+{
+    if (std::abs(sigma) < 0.0001)
+        return std::vector<float>(static_cast<std::size_t>(end - first), 1.0f);
+
+    std::vector<float> kernel(static_cast<std::size_t>(end - first), 0.0f);
+    float start = static_cast<float>(-size * 0.5);
+    if (start - std::trunc(start) > 0.001)
+        start += 0.5f;
+    const long lastPosition = static_cast<long>(static_cast<float>(size) + start);
+    for (long i = static_cast<long>(start); i < lastPosition; ++i)
+    {
+        // With more taps than a float can count some positions share a tap, and the last ones lie behind the kernel.
+        const std::ptrdiff_t tap = static_cast<std::ptrdiff_t>(static_cast<float>(i) - start);
+        if (tap >= first && tap < end)
+        {
+            const float exponent = static_cast<float>(-i * i) / (sigma * sigma + sigma * sigma);
+            kernel[static_cast<std::size_t>(tap - first)] = static_cast<float>(std::exp(static_cast<double>(exponent)));
+        }
+    }
+    return kernel;
+}
+
+/// `target[o]` is the sum of `source[o + k] * kernel[k]` in the order of k, for each o in [0, nbTargets).
+///
+/// Many sums run side by side, in registers.
+void correlate(const float* pSource, const std::vector<float>& kernel, float* pTarget, std::size_t nbTargets)
+{
+    const std::size_t nbLanes = 32;
+    std::size_t o = 0;
+    for (; o + nbLanes <= nbTargets; o += nbLanes)
+    {
+        float sums[nbLanes] = {};
+        for (std::size_t k = 0; k < kernel.size(); ++k)
+        {
+            const float tap = kernel[k];
+            for (std::size_t lane = 0; lane < nbLanes; ++lane)
+                sums[lane] += pSource[o + k + lane] * tap;
+        }
+        std::copy(sums, sums + nbLanes, pTarget + o);
+    }
+    for (; o < nbTargets; ++o)
+    {
+        float sum = 0.0f;
+        for (std::size_t k = 0; k < kernel.size(); ++k)
+            sum += pSource[o + k] * kernel[k];
+        pTarget[o] = sum;
+    }
+}
+
+/// The sum of the taps that fall inside the sequence, for each of its n elements.
+std::vector<float> computeWeights(const std::vector<float>& kernel, std::size_t margin, std::size_t n)
+{
+    std::vector<float> padded(n + 2 * margin, 0.0f);
+    std::fill_n(padded.begin() + margin, n, 1.0f);
+
+    std::vector<float> weights(n);
+    if (n <= 2 * margin)
+        correlate(padded.data(), kernel, weights.data(), n);
+    else
+    {
+        // One weight for all elements that have the whole kernel inside the sequence.
+        float inner = 0.0f;
+        correlate(padded.data() + margin, kernel, &inner, 1);
+        std::fill(weights.begin(), weights.end(), inner);
+        correlate(padded.data(), kernel, weights.data(), margin);
+        correlate(padded.data() + n - margin, kernel, weights.data() + n - margin, margin);
+    }
+    return weights;
+}
+
+} // namespace
+
+template <class T>
+std::vector<float> gaussianSmoothing1D(const std::vector<T>& input, float sigma)
+{
+    const std::size_t n = input.size();
+    std::vector<float> result(n, 0.0f);
+    const int size = computeKernelSize(sigma);
+    if (n == 0 || size < 0)
+        return result;
+
+    // Only the taps that reach from one element of the sequence to another.
+    const std::ptrdiff_t reach = static_cast<std::ptrdiff_t>(n) - 1;
+    const std::ptrdiff_t half = size / 2;
+    const std::ptrdiff_t first = std::max<std::ptrdiff_t>(0, half - reach);
+    const std::ptrdiff_t end = std::min<std::ptrdiff_t>(size, half + reach + 1);
+    const std::vector<float> kernel = computeKernel(sigma, size, first, end);
+
+    // Zeros beyond the ends add nothing, to the last bit, so every sum runs over the whole kernel.
+    const std::size_t margin = static_cast<std::size_t>(half - first);
+    std::vector<float> padded(n + 2 * margin, 0.0f);
+    std::transform(input.begin(), input.end(), padded.begin() + margin,
+                   [](T value) { return static_cast<float>(value); });
+    correlate(padded.data(), kernel, result.data(), n);
+
+    const std::vector<float> weights = computeWeights(kernel, margin, n);
+    for (std::size_t i = 0; i < n; ++i)
+        result[i] = std::abs(weights[i]) > 1e-6 ? result[i] / weights[i] : 0.0f;
+    return result;
+}
+
+template OVRIXMATH_EXPORT std::vector<float> gaussianSmoothing1D<int>(const std::vector<int>&, float);
+template OVRIXMATH_EXPORT std::vector<float> gaussianSmoothing1D<signed char>(const std::vector<signed char>&, float);
+template OVRIXMATH_EXPORT std::vector<float> gaussianSmoothing1D<unsigned char>(const std::vector<unsigned char>&,
+                                                                                float);
+template OVRIXMATH_EXPORT std::vector<float> gaussianSmoothing1D<float>(const std::vector<float>&, float);
+template OVRIXMATH_EXPORT std::vector<float> gaussianSmoothing1D<unsigned short>(const std::vector<unsigned short>&,
+                                                                                 float);
+template OVRIXMATH_EXPORT std::vector<float> gaussianSmoothing1D<short>(const std::vector<short>&, float);
+template OVRIXMATH_EXPORT std::vector<float> gaussianSmoothing1D<unsigned int>(const std::vector<unsigned int>&, float);
+
+} // namespace math
+} // namespace ovrix

@@ -1,0 +1,256 @@
+#include <OVRIXMath/Tools/Tophat1D.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <support/NumberTypes.h>
+#include <vector>
+
+namespace ovrix
+{
+namespace math
+{
+
+namespace
+{
+
+using Indices = std::vector<int>;
+
+template <class T>
+Indices findPeaks(const std::vector<T>& input, eTopHat1DExtremumType type, float width, float threshold)
+{
+    Indices indices = {-5};
+    const ovUInt32 nbRuns = tophatThreshold1D<T>(input, false, type, width, 1.0f, threshold, indices);
+    EXPECT_EQ(nbRuns, indices.size());
+    return indices;
+}
+
+template <class T>
+Indices findValleys(const std::vector<T>& input, eTopHat1DExtremumType type, float width, float threshold)
+{
+    Indices indices = {-5};
+    const ovUInt32 nbRuns = tophatThreshold1D<T>(input, true, type, width, 1.0f, threshold, indices);
+    EXPECT_EQ(nbRuns, indices.size());
+    return indices;
+}
+
+/// The window's extremum, scanned from its first element.
+template <class T>
+std::vector<T> filterPlainly(const std::vector<T>& source, int r, bool bHighest)
+{
+    const int n = static_cast<int>(source.size());
+    std::vector<T> target;
+    for (int i = 0; i < n; ++i)
+    {
+        T found = source[std::max(0, i - r)];
+        for (int j = std::max(0, i - r); j <= std::min(n - 1, i + r); ++j)
+            if (bHighest ? source[j] > found : source[j] < found)
+                found = source[j];
+        target.push_back(found);
+    }
+    return target;
+}
+
+/// `a - b` in T, by way of wider types.
+template <class T>
+T differencePlainly(T a, T b)
+{
+    if constexpr (std::is_floating_point<T>::value)
+        return a - b;
+    else
+        return static_cast<T>(static_cast<long>(a) - static_cast<long>(b));
+}
+
+template <class T>
+Indices findPlainly(const std::vector<T>& input, bool bValleys, int type, int r, float threshold)
+{
+    const std::vector<T> filtered = filterPlainly(filterPlainly(input, r, bValleys), r, !bValleys);
+    Indices indices;
+    int first = -1;
+    for (int i = 0; i < static_cast<int>(input.size()); ++i)
+    {
+        const T height = bValleys ? differencePlainly(filtered[i], input[i]) : differencePlainly(input[i], filtered[i]);
+        if (static_cast<float>(height) > threshold)
+        {
+            if (first < 0)
+                first = i;
+        }
+        else if (threshold >= static_cast<float>(height) && first >= 0)
+        {
+            const int last = i - 1;
+            int extremum = first;
+            for (int j = first; j <= last; ++j)
+                if (bValleys ? input[j] < input[extremum] : input[j] > input[extremum])
+                    extremum = j;
+            const int choices[] = {(first + last) / 2, first, last, extremum};
+            indices.push_back(type <= 3 ? choices[type] : indices.empty() ? choices[0] : indices.back());
+            first = -1;
+        }
+    }
+    return indices;
+}
+
+} // namespace
+
+template <class T>
+class Tophat1D : public ::testing::Test
+{
+};
+using TophatTypes = ::testing::Types<unsigned int, unsigned char, signed char, float, int, unsigned short, short>;
+TYPED_TEST_SUITE(Tophat1D, TophatTypes, test::TypeNames);
+
+TYPED_TEST(Tophat1D, AgreesWithAPlainSearchOnSequencesWithPlateaus)
+{
+    std::mt19937 generator(21);
+    for (int draw = 0; draw < 4000; ++draw)
+    {
+        std::vector<TypeParam> input(generator() % 60);
+        for (TypeParam& value : input)
+            value = static_cast<TypeParam>(generator() % 5);
+        const bool bValleys = generator() % 2 == 0;
+        const int type = static_cast<int>(generator() % 5);
+        const int r = static_cast<int>(generator() % 8);
+        const float threshold = static_cast<float>(generator() % 3);
+        Indices indices;
+        const ovUInt32 nbRuns = tophatThreshold1D<TypeParam>(input, bValleys, static_cast<eTopHat1DExtremumType>(type),
+                                                             static_cast<float>(r), 1.0f, threshold, indices);
+        EXPECT_EQ(indices, findPlainly(input, bValleys, type, r, threshold));
+        EXPECT_EQ(nbRuns, indices.size());
+    }
+}
+
+TYPED_TEST(Tophat1D, AgreesWithAPlainSearchOnValuesOfTheWholeRange)
+{
+    std::mt19937 generator(22);
+    for (int draw = 0; draw < 4000; ++draw)
+    {
+        std::vector<TypeParam> input(generator() % 40);
+        for (TypeParam& value : input)
+            value = test::anyValue<TypeParam>(generator);
+        const bool bValleys = generator() % 2 == 0;
+        const int r = static_cast<int>(generator() % 5);
+        const float threshold = test::anyValue<float>(generator);
+        Indices indices;
+        tophatThreshold1D<TypeParam>(input, bValleys, eTHET_Extremum, static_cast<float>(r), 1.0f, threshold, indices);
+        EXPECT_EQ(indices, findPlainly(input, bValleys, 3, r, threshold));
+    }
+}
+
+TYPED_TEST(Tophat1D, AgreesWithAPlainSearchOnLongSequences)
+{
+    std::mt19937 generator(23);
+    std::vector<TypeParam> input(10000); // several stretches of windows
+    for (TypeParam& value : input)
+        value = static_cast<TypeParam>(generator() % 100);
+    for (const int r : {1, 7, 300})
+    {
+        EXPECT_EQ(findPeaks(input, eTHET_Extremum, static_cast<float>(r), 60.0f),
+                  findPlainly(input, false, 3, r, 60.0f));
+        EXPECT_EQ(findValleys(input, eTHET_Extremum, static_cast<float>(r), 60.0f),
+                  findPlainly(input, true, 3, r, 60.0f));
+    }
+}
+
+TYPED_TEST(Tophat1D, AFlatSequenceHasNoRun)
+{
+    const std::vector<TypeParam> input(20, 7);
+    EXPECT_EQ(findPeaks(input, eTHET_Middle, 3.0f, 0.0f), Indices());
+    EXPECT_EQ(findValleys(input, eTHET_Middle, 3.0f, 0.0f), Indices());
+}
+
+TYPED_TEST(Tophat1D, AnEmptySequenceHasNoRun)
+{
+    EXPECT_EQ(findPeaks(std::vector<TypeParam>(), eTHET_Middle, 3.0f, -1.0f), Indices());
+}
+
+TYPED_TEST(Tophat1D, APeakAtTheLastElementIsNotReported)
+{
+    const std::vector<TypeParam> input = {0, 0, 9, 0, 0, 9};
+    EXPECT_EQ(findPeaks(input, eTHET_Middle, 2.0f, 1.0f), Indices({2}));
+}
+
+TYPED_TEST(Tophat1D, APeakAtTheFirstElementIsReported)
+{
+    const std::vector<TypeParam> input = {9, 0, 0, 0};
+    EXPECT_EQ(findPeaks(input, eTHET_Middle, 2.0f, 1.0f), Indices({0}));
+}
+
+TYPED_TEST(Tophat1D, AHeightOfTheThresholdIsBelow)
+{
+    const std::vector<TypeParam> input = {0, 0, 9, 0, 0};
+    EXPECT_EQ(findPeaks(input, eTHET_Middle, 2.0f, 9.0f), Indices());
+    EXPECT_EQ(findPeaks(input, eTHET_Middle, 2.0f, 8.5f), Indices({2}));
+}
+
+TYPED_TEST(Tophat1D, APeakWiderThanTheWindowIsNoPeak)
+{
+    const std::vector<TypeParam> input = {0, 0, 9, 9, 9, 0, 0, 9, 9, 0, 0};
+    EXPECT_EQ(findPeaks(input, eTHET_First, 1.0f, 1.0f), Indices({7}));
+    EXPECT_EQ(findPeaks(input, eTHET_First, 2.0f, 1.0f), Indices({2, 7}));
+}
+
+TYPED_TEST(Tophat1D, TheTypeChoosesTheReportedPoint)
+{
+    const std::vector<TypeParam> peaks = {0, 0, 0, 0, 0, 4, 5, 9, 9, 0, 0, 0, 0, 0};
+    EXPECT_EQ(findPeaks(peaks, eTHET_Middle, 4.0f, 1.0f), Indices({6}));
+    EXPECT_EQ(findPeaks(peaks, eTHET_First, 4.0f, 1.0f), Indices({5}));
+    EXPECT_EQ(findPeaks(peaks, eTHET_Last, 4.0f, 1.0f), Indices({8}));
+    EXPECT_EQ(findPeaks(peaks, eTHET_Extremum, 4.0f, 1.0f), Indices({7}));
+    const std::vector<TypeParam> valleys = {9, 9, 9, 9, 9, 4, 5, 0, 0, 9, 9, 9, 9, 9};
+    EXPECT_EQ(findValleys(valleys, eTHET_Extremum, 4.0f, 1.0f), Indices({7}));
+}
+
+TYPED_TEST(Tophat1D, AnUnknownTypeReportsTheMiddleOfTheFirstRunForEveryRun)
+{
+    const std::vector<TypeParam> input = {0, 0, 0, 9, 9, 9, 0, 0, 0, 9, 0, 0, 0, 9, 9, 0, 0, 0};
+    EXPECT_EQ(findPeaks(input, static_cast<eTopHat1DExtremumType>(4), 3.0f, 1.0f), Indices({4, 4, 4}));
+    EXPECT_EQ(findPeaks(input, static_cast<eTopHat1DExtremumType>(-1), 3.0f, 1.0f), Indices({4, 4, 4}));
+}
+
+TYPED_TEST(Tophat1D, TheWindowReachesTheQuotientOfWidthAndStepTruncated)
+{
+    const std::vector<TypeParam> input = {0, 0, 0, 9, 9, 9, 0, 0, 0};
+    Indices indices;
+    EXPECT_EQ(tophatThreshold1D<TypeParam>(input, false, eTHET_First, 1.0f, 0.5f, 1.0f, indices), 1u);
+    EXPECT_EQ(tophatThreshold1D<TypeParam>(input, false, eTHET_First, 0.99f, 0.5f, 1.0f, indices), 0u);
+}
+
+TYPED_TEST(Tophat1D, AWindowLargerThanTheSequenceIsCut)
+{
+    const std::vector<TypeParam> input = {1, 5, 2};
+    for (const float width : {3.0f, 1e9f, 1e30f, std::numeric_limits<float>::infinity()})
+        EXPECT_EQ(findPeaks(input, eTHET_First, width, 2.0f), Indices({1})) << width;
+}
+
+TYPED_TEST(Tophat1D, AWindowWithoutAMeaningfulWidthLeavesNoHeight)
+{
+    const std::vector<TypeParam> input = {0, 9, 0, 9, 0};
+    for (const float width : {0.0f, -1.0f, -1e30f, std::numeric_limits<float>::quiet_NaN()})
+        EXPECT_EQ(findPeaks(input, eTHET_First, width, 0.0f), Indices()) << width;
+    Indices indices;
+    EXPECT_EQ(tophatThreshold1D<TypeParam>(input, false, eTHET_First, 0.0f, 0.0f, 0.0f, indices), 0u);
+}
+
+TYPED_TEST(Tophat1D, AThresholdThatIsNotANumberOpensNoRun)
+{
+    const std::vector<TypeParam> input = {0, 9, 0};
+    EXPECT_EQ(findPeaks(input, eTHET_First, 1.0f, std::numeric_limits<float>::quiet_NaN()), Indices());
+}
+
+TEST(Tophat1D, ADifferenceThatTheElementTypeCannotHoldWrapsAround)
+{
+    // 127 - (-128) is -1 in eight bits.
+    EXPECT_EQ(findPeaks<signed char>({-128, 127, -128}, eTHET_First, 1.0f, 0.0f), Indices());
+    EXPECT_EQ(findPeaks<short>({-128, 127, -128}, eTHET_First, 1.0f, 254.0f), Indices({1}));
+}
+
+TEST(Tophat1D, TheHeightIsComparedInFloat)
+{
+    // 2^24 + 1 is no float and rounds to the threshold.
+    EXPECT_EQ(findPeaks<int>({0, 16777217, 0}, eTHET_First, 1.0f, 16777216.0f), Indices());
+    EXPECT_EQ(findPeaks<int>({0, 16777218, 0}, eTHET_First, 1.0f, 16777216.0f), Indices({1}));
+}
+
+} // namespace math
+} // namespace ovrix
