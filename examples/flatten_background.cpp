@@ -195,7 +195,10 @@ void flatten(const Options& options)
     EstimationResults results;
     processEstimation(config, pSurface, makeDataSet(photo), results);
     if (const ovrix::BoolResult& status = results.getEstimationStatus(); !status)
-        throw std::runtime_error(status.getMessage() + "; try another --threshold or --outliers");
+    {
+        const bool bEnoughData = results.getNbInputData() >= results.getNbMinDataForRobustEstimation();
+        throw std::runtime_error(status.getMessage() + (bEnoughData ? "; try another --threshold or --outliers" : ""));
+    }
     const bool bRobust = results.hasRobustEstimationDone();
     printFigures(options, results, bRobust ? createRobustEstimator(config, pSurface)->getNbNeededRuns() : 0);
 
