@@ -1,14 +1,91 @@
 #pragma once
 
-#include <OVRIXMath/Statistics/ExtremaUtils.h>
+#include <OVRIXMath/Export.h>
+
+#include <utility>
+#include <vector>
 
 /// @file
-/// The instances of the templates of ExtremaUtils.h, which includes this file: all that there are.
+/// The search of local minima and maxima in a sequence of `signed char`, `unsigned char`, `short`, `unsigned short`, `int`,
+/// `unsigned int`, `long`, `unsigned long`, `float` or `double`.
 
 namespace ovrix
 {
 namespace math
 {
+
+/// What is searched.
+enum eExtremaType : int
+{
+    eET_Minima = 0,
+    eET_Maxima = 1
+};
+
+/// What lies beyond the two ends of the sequence.
+enum eExtremaBorderPolicy : int
+{
+    eEBP_Include = 0, ///< an end element can be an extremum; it is judged by its one inner neighbour
+    eEBP_Exclude = 1, ///< an end element is no extremum; so for every value outside of this list
+    eEBP_Periodic = 2 ///< the sequence is circular
+};
+
+/// Consecutive elements: index of the first, then their number, at least 1. In a circular sequence of n elements an index
+/// i >= n stands for i - n.
+using ExtremaRange = std::pair<unsigned long, unsigned long>;
+using ExtremaRangeColl = std::vector<ExtremaRange>;
+
+/// Finds the elements that are strictly better than both neighbours; an element of a plateau is none.
+///
+/// The two ends of the sequence are not treated alike, which is meant; with n elements:
+/// - element n - 2 is never examined, but for n = 2;
+/// - with `eEBP_Include` the last element is reported if it beats element n - 2, and a second time if it also beats
+///   element 0;
+/// - with `eEBP_Periodic` the first element is examined against the last one, the last one is not examined.
+///
+/// @param type another value than the two listed finds nothing
+/// @param[out] extrema indices in ascending order; empty for less than two elements
+/// @tparam I `unsigned int` or `unsigned long`
+template <class T, class I>
+OVRIXMATH_EXPORT void findLocalStrictExtrema(const std::vector<T>& values, const eExtremaBorderPolicy& policy,
+                                             const eExtremaType& type, std::vector<I>& extrema);
+
+/// Finds the plateaus, of one element or more, that have no better neighbour: findLocalDilatedExtrema() with a factor of
+/// 0, every element of every range listed.
+///
+/// @param type any other value than `eET_Minima` finds maxima
+/// @param[out] extrema indices by range, as they run: those of a range across the end of a circular sequence begin
+///             before the end
+/// @tparam I `unsigned int` or `unsigned long`
+template <class T, class I>
+OVRIXMATH_EXPORT void findLocalExtrema(const std::vector<T>& values, const eExtremaBorderPolicy& policy,
+                                       const eExtremaType& type, std::vector<I>& extrema);
+
+/// Finds the extrema that stand out of their surroundings by more than a height (h-extrema by morphological
+/// reconstruction; P. Soille, "Morphological Image Analysis", 2003, section 6.3).
+///
+/// The sequence is shifted by `dilateFactor`, up for minima and down for maxima, and reconstructed over (under) the
+/// original, which fills lower extrema and cuts off the tops of the others. The plateaus of the result that have no
+/// better neighbour are the ranges. The shift is computed in T: integers wrap around, except that unsigned ones stop at 0
+/// when shifted down.
+///
+/// With `eEBP_Include` and `eEBP_Exclude` what lies beyond the ends is the worst and the best value of T, infinities left
+/// aside. So a constant sequence is one range, and with `eEBP_Exclude` none, unless its value is that best one. An
+/// element that is NaN bounds the search to either side; it is neither better nor worse than its neighbours and is
+/// reported with those that remain.
+///
+/// In a circular sequence a range at the start and one at the end are joined to one that runs across the end, if there
+/// are at least three ranges in all.
+///
+/// Raises Statistics message 10 if `dilateFactor` is negative; `ranges` is as before then. Takes linear time, with one
+/// byte per element and, unless the factor is 0, one copy of the sequence.
+///
+/// @param type any other value than `eET_Minima` finds maxima
+/// @param dilateFactor 0 finds all plateaus
+/// @param[out] ranges in ascending order of their first elements
+template <class T>
+OVRIXMATH_EXPORT void findLocalDilatedExtrema(const std::vector<T>& values, const eExtremaBorderPolicy& policy,
+                                              const eExtremaType& type, const T& dilateFactor,
+                                              ExtremaRangeColl& ranges);
 
 extern template OVRIXMATH_EXPORT void findLocalStrictExtrema<signed char, unsigned int>(const std::vector<signed char>&,
                                                                                         const eExtremaBorderPolicy&,
@@ -196,123 +273,6 @@ extern template OVRIXMATH_EXPORT void findLocalDilatedExtrema<float>(const std::
 extern template OVRIXMATH_EXPORT void findLocalDilatedExtrema<double>(const std::vector<double>&,
                                                                       const eExtremaBorderPolicy&, const eExtremaType&,
                                                                       const double&, ExtremaRangeColl&);
-
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned int, signed char>(const eExtremaType&, ovReal64, signed char,
-                                         ExtremumCoords<unsigned int, signed char>, std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned int, unsigned char>(const eExtremaType&, ovReal64, unsigned char,
-                                           ExtremumCoords<unsigned int, unsigned char>, std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned int, short>(const eExtremaType&, ovReal64, short,
-                                                                         ExtremumCoords<unsigned int, short>,
-                                                                         std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned int, unsigned short>(const eExtremaType&, ovReal64, unsigned short,
-                                            ExtremumCoords<unsigned int, unsigned short>, std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned int, int>(const eExtremaType&, ovReal64, int,
-                                                                       ExtremumCoords<unsigned int, int>,
-                                                                       std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned int, unsigned int>(const eExtremaType&, ovReal64, unsigned int,
-                                          ExtremumCoords<unsigned int, unsigned int>, std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned int, long>(const eExtremaType&, ovReal64, long,
-                                                                        ExtremumCoords<unsigned int, long>,
-                                                                        std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned int, unsigned long>(const eExtremaType&, ovReal64, unsigned long,
-                                           ExtremumCoords<unsigned int, unsigned long>, std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned int, float>(const eExtremaType&, ovReal64, float,
-                                                                         ExtremumCoords<unsigned int, float>,
-                                                                         std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned int, double>(const eExtremaType&, ovReal64, double,
-                                                                          ExtremumCoords<unsigned int, double>,
-                                                                          std::vector<unsigned int>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned long, signed char>(const eExtremaType&, ovReal64, signed char,
-                                          ExtremumCoords<unsigned long, signed char>, std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned long, unsigned char>(const eExtremaType&, ovReal64, unsigned char,
-                                            ExtremumCoords<unsigned long, unsigned char>, std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned long, short>(const eExtremaType&, ovReal64, short,
-                                                                          ExtremumCoords<unsigned long, short>,
-                                                                          std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned long, unsigned short>(const eExtremaType&, ovReal64, unsigned short,
-                                             ExtremumCoords<unsigned long, unsigned short>,
-                                             std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned long, int>(const eExtremaType&, ovReal64, int,
-                                                                        ExtremumCoords<unsigned long, int>,
-                                                                        std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned long, unsigned int>(const eExtremaType&, ovReal64, unsigned int,
-                                           ExtremumCoords<unsigned long, unsigned int>, std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned long, long>(const eExtremaType&, ovReal64, long,
-                                                                         ExtremumCoords<unsigned long, long>,
-                                                                         std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<unsigned long, unsigned long>(const eExtremaType&, ovReal64, unsigned long,
-                                            ExtremumCoords<unsigned long, unsigned long>, std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned long, float>(const eExtremaType&, ovReal64, float,
-                                                                          ExtremumCoords<unsigned long, float>,
-                                                                          std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<unsigned long, double>(const eExtremaType&, ovReal64, double,
-                                                                           ExtremumCoords<unsigned long, double>,
-                                                                           std::vector<unsigned long>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<ExtremaRange, signed char>(const eExtremaType&, ovReal64, signed char,
-                                         ExtremumCoords<ExtremaRange, signed char>, std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<ExtremaRange, unsigned char>(const eExtremaType&, ovReal64, unsigned char,
-                                           ExtremumCoords<ExtremaRange, unsigned char>, std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<ExtremaRange, short>(const eExtremaType&, ovReal64, short,
-                                                                         ExtremumCoords<ExtremaRange, short>,
-                                                                         std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<ExtremaRange, unsigned short>(const eExtremaType&, ovReal64, unsigned short,
-                                            ExtremumCoords<ExtremaRange, unsigned short>, std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<ExtremaRange, int>(const eExtremaType&, ovReal64, int,
-                                                                       ExtremumCoords<ExtremaRange, int>,
-                                                                       std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<ExtremaRange, unsigned int>(const eExtremaType&, ovReal64, unsigned int,
-                                          ExtremumCoords<ExtremaRange, unsigned int>, std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<ExtremaRange, long>(const eExtremaType&, ovReal64, long,
-                                                                        ExtremumCoords<ExtremaRange, long>,
-                                                                        std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void
-filterExtrema<ExtremaRange, unsigned long>(const eExtremaType&, ovReal64, unsigned long,
-                                           ExtremumCoords<ExtremaRange, unsigned long>, std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<ExtremaRange, float>(const eExtremaType&, ovReal64, float,
-                                                                         ExtremumCoords<ExtremaRange, float>,
-                                                                         std::vector<ExtremaRange>&);
-extern template OVRIXMATH_EXPORT void filterExtrema<ExtremaRange, double>(const eExtremaType&, ovReal64, double,
-                                                                          ExtremumCoords<ExtremaRange, double>,
-                                                                          std::vector<ExtremaRange>&);
-
-extern template OVRIXMATH_EXPORT void
-extractBasicExtremaCoords<signed char>(const std::vector<signed char>&, const ExtremaRange&, ovReal64&, signed char&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<unsigned char>(const std::vector<unsigned char>&,
-                                                                               const ExtremaRange&, ovReal64&,
-                                                                               unsigned char&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<short>(const std::vector<short>&, const ExtremaRange&,
-                                                                       ovReal64&, short&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<unsigned short>(const std::vector<unsigned short>&,
-                                                                                const ExtremaRange&, ovReal64&,
-                                                                                unsigned short&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<int>(const std::vector<int>&, const ExtremaRange&,
-                                                                     ovReal64&, int&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<unsigned int>(const std::vector<unsigned int>&,
-                                                                              const ExtremaRange&, ovReal64&,
-                                                                              unsigned int&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<long>(const std::vector<long>&, const ExtremaRange&,
-                                                                      ovReal64&, long&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<unsigned long>(const std::vector<unsigned long>&,
-                                                                               const ExtremaRange&, ovReal64&,
-                                                                               unsigned long&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<float>(const std::vector<float>&, const ExtremaRange&,
-                                                                       ovReal64&, float&);
-extern template OVRIXMATH_EXPORT void extractBasicExtremaCoords<double>(const std::vector<double>&, const ExtremaRange&,
-                                                                        ovReal64&, double&);
 
 } // namespace math
 } // namespace ovrix

@@ -1,0 +1,492 @@
+#include <OVRIXMath/Statistics/ExtremaSearch.h>
+#include <OVRIXUtil/NumericLimits.h>
+
+#include <algorithm>
+#include <limits>
+#include <random>
+#include <string>
+#include <support/ExpectFailure.h>
+#include <support/LogCapture.h>
+#include <support/NumberTypes.h>
+#include <type_traits>
+#include <vector>
+
+namespace ovrix
+{
+namespace math
+{
+
+namespace
+{
+
+using Indices = std::vector<unsigned int>;
+using Ranges = ExtremaRangeColl;
+
+const eExtremaBorderPolicy g_policies[] = {eEBP_Include, eEBP_Exclude, eEBP_Periodic};
+const eExtremaType g_types[] = {eET_Minima, eET_Maxima};
+const double g_nan = std::numeric_limits<double>::quiet_NaN();
+
+template <class T, class I = unsigned int>
+std::vector<I> findStrict(const std::vector<T>& values, eExtremaBorderPolicy policy, eExtremaType type)
+{
+    std::vector<I> extrema = {77};
+    findLocalStrictExtrema<T, I>(values, policy, type, extrema);
+    return extrema;
+}
+
+template <class T, class I = unsigned int>
+std::vector<I> findPlateaus(const std::vector<T>& values, eExtremaBorderPolicy policy, eExtremaType type)
+{
+    std::vector<I> extrema = {77};
+    findLocalExtrema<T, I>(values, policy, type, extrema);
+    return extrema;
+}
+
+template <class T>
+Ranges findDilated(const std::vector<T>& values, eExtremaBorderPolicy policy, eExtremaType type, T dilateFactor)
+{
+    Ranges ranges = {{77, 1}};
+    findLocalDilatedExtrema<T>(values, policy, type, dilateFactor, ranges);
+    return ranges;
+}
+
+// The searches as they are defined, element by element and scan by scan.
+
+template <class T>
+bool beats(T a, T b, eExtremaType type)
+{
+    return type == eET_Minima ? b > a : a > b;
+}
+
+template <class T>
+Indices plainStrictExtrema(const std::vector<T>& v, eExtremaBorderPolicy policy, eExtremaType type)
+{
+    Indices found;
+    const unsigned int n = static_cast<unsigned int>(v.size());
+    if (n < 2)
+        return found;
+    if (policy == eEBP_Include && beats(v[0], v[1], type))
+        found.push_back(0);
+    if (policy == eEBP_Periodic && beats(v[0], v[1], type) && beats(v[0], v[n - 1], type))
+        found.push_back(0);
+    for (unsigned int i = 1; i < n - 2; ++i)
+        if (beats(v[i], v[i - 1], type) && beats(v[i], v[i + 1], type))
+            found.push_back(i);
+    if (policy == eEBP_Include && beats(v[n - 1], v[n - 2], type))
+    {
+        found.push_back(n - 1);
+        if (beats(v[n - 1], v[0], type))
+            found.push_back(n - 1);
+    }
+    return found;
+}
+
+template <class T>
+Ranges plainLocalExtrema(const std::vector<T>& values, eExtremaBorderPolicy policy, eExtremaType type)
+{
+    const T min = NumericLimits<T>::s_min;
+    const T max = NumericLimits<T>::s_max;
+    const int n = static_cast<int>(values.size());
+    std::vector<bool> flags(values.size(), true);
+    bool bForward = true;
+    for (int nbQuietScans = 0; n != 0 && nbQuietScans < 2; bForward = !bForward)
+    {
+        T p = (policy == eEBP_Include) == (type == eET_Minima) ? max : min;
+        bool f = policy != eEBP_Include;
+        if (policy == eEBP_Periodic)
+        {
+            p = bForward ? values.back() : values.front();
+            f = bForward ? flags.back() : flags.front();
+        }
+        int nbChanges = 0;
+        for (int i = bForward ? 0 : n - 1; i >= 0 && i < n; i += bForward ? 1 : -1)
+        {
+            const T v = values[i];
+            const bool bWorse = type == eET_Minima ? v > p : v < p;
+            if (flags[i] && (bWorse || (v == p && !f)))
+            {
+                flags[i] = false;
+                ++nbChanges;
+            }
+            p = v;
+            f = flags[i];
+        }
+        nbQuietScans = nbChanges == 0 ? nbQuietScans + 1 : 0;
+    }
+
+    Ranges ranges;
+    for (int i = 0; i < n; ++i)
+        if (flags[i])
+        {
+            if (i > 0 && flags[i - 1])
+                ++ranges.back().second;
+            else
+                ranges.emplace_back(i, 1);
+        }
+    if (policy == eEBP_Periodic && ranges.size() >= 3 && ranges.front().first == 0 &&
+        ranges.back().first + ranges.back().second == values.size())
+    {
+        ranges.back().second += ranges.front().second;
+        ranges.erase(ranges.begin());
+    }
+    return ranges;
+}
+
+/// A sum in T by way of wider types.
+template <class T>
+T plainShift(T value, T dilateFactor, eExtremaType type)
+{
+    if constexpr (std::is_floating_point<T>::value)
+        return type == eET_Minima ? value + dilateFactor : value - dilateFactor;
+    else
+    {
+        if (type == eET_Maxima && std::is_unsigned<T>::value && value < dilateFactor)
+            return 0;
+        const unsigned long a = static_cast<unsigned long>(value);
+        const unsigned long d = static_cast<unsigned long>(dilateFactor);
+        return static_cast<T>(type == eET_Minima ? a + d : a - d);
+    }
+}
+
+template <class T>
+Ranges plainDilatedExtrema(const std::vector<T>& values, eExtremaBorderPolicy policy, eExtremaType type, T dilateFactor)
+{
+    if (dilateFactor == T(0))
+        return plainLocalExtrema(values, policy, type);
+    std::vector<T> g;
+    for (const T value : values)
+        g.push_back(plainShift(value, dilateFactor, type));
+
+    const int n = static_cast<int>(values.size());
+    bool bForward = true;
+    for (int nbQuietScans = 0; n != 0 && nbQuietScans < 2; bForward = !bForward)
+    {
+        T p = type == eET_Minima ? NumericLimits<T>::s_max : NumericLimits<T>::s_min;
+        if (policy == eEBP_Periodic)
+            p = bForward ? g.back() : g.front();
+        int nbChanges = 0;
+        for (int i = bForward ? 0 : n - 1; i >= 0 && i < n; i += bForward ? 1 : -1)
+        {
+            const T v = values[i];
+            const T old = g[i];
+            g[i] = type == eET_Minima ? std::max(v, std::min(g[i], p)) : std::min(v, std::max(g[i], p));
+            const bool bSame = g[i] == old || (g[i] != g[i] && old != old);
+            nbChanges += bSame ? 0 : 1;
+            p = g[i];
+        }
+        nbQuietScans = nbChanges == 0 ? nbQuietScans + 1 : 0;
+    }
+    return plainLocalExtrema(g, policy, type);
+}
+
+template <class I, class T>
+std::vector<I> plainExpansion(const std::vector<T>& values, const Ranges& ranges)
+{
+    std::vector<I> extrema;
+    for (const ExtremaRange& range : ranges)
+        for (unsigned long i = range.first; i < range.first + range.second; ++i)
+            extrema.push_back(static_cast<I>(i < values.size() ? i : i - values.size()));
+    return extrema;
+}
+
+/// Small numbers, with plateaus.
+template <class T>
+std::vector<T> plateaus(std::mt19937& generator, std::size_t maxSize)
+{
+    std::vector<T> values(generator() % maxSize);
+    const unsigned int nbLevels = 1 + generator() % 4;
+    for (T& value : values)
+        value = static_cast<T>(generator() % nbLevels);
+    return values;
+}
+
+/// Numbers of the whole range, its ends, infinities and NaN, some of them repeated.
+template <class T>
+std::vector<T> anyPlateaus(std::mt19937& generator, std::size_t maxSize)
+{
+    std::vector<T> values(generator() % maxSize);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        values[i] = i > 0 && generator() % 3 == 0 ? values[generator() % i] : test::anyValue<T>(generator);
+    return values;
+}
+
+} // namespace
+
+template <class T>
+class ExtremaSearch : public ::testing::Test
+{
+};
+TYPED_TEST_SUITE(ExtremaSearch, test::NumberTypes, test::TypeNames);
+
+TYPED_TEST(ExtremaSearch, StrictExtremaAgreeWithAPlainSearch)
+{
+    std::mt19937 generator(51);
+    for (int draw = 0; draw < 3000; ++draw)
+    {
+        const std::vector<TypeParam> values =
+            draw % 2 == 0 ? plateaus<TypeParam>(generator, 12) : anyPlateaus<TypeParam>(generator, 12);
+        for (const eExtremaBorderPolicy policy : g_policies)
+            for (const eExtremaType type : g_types)
+            {
+                const Indices expected = plainStrictExtrema(values, policy, type);
+                EXPECT_EQ(findStrict<TypeParam>(values, policy, type), expected);
+                EXPECT_EQ((findStrict<TypeParam, unsigned long>(values, policy, type)),
+                          std::vector<unsigned long>(expected.begin(), expected.end()));
+            }
+    }
+}
+
+TYPED_TEST(ExtremaSearch, StrictExtremaOfLongSequencesAgreeWithAPlainSearch)
+{
+    std::mt19937 generator(52);
+    for (const std::size_t size : {256, 257, 258, 259, 260, 514, 3000})
+    {
+        std::vector<TypeParam> values(size);
+        for (TypeParam& value : values)
+            value = test::anyValue<TypeParam>(generator);
+        for (const eExtremaType type : g_types)
+            EXPECT_EQ(findStrict<TypeParam>(values, eEBP_Include, type),
+                      plainStrictExtrema(values, eEBP_Include, type));
+    }
+}
+
+TYPED_TEST(ExtremaSearch, PlateausAgreeWithAPlainSearch)
+{
+    std::mt19937 generator(53);
+    for (int draw = 0; draw < 3000; ++draw)
+    {
+        const std::vector<TypeParam> values =
+            draw % 2 == 0 ? plateaus<TypeParam>(generator, 14) : anyPlateaus<TypeParam>(generator, 14);
+        for (const eExtremaBorderPolicy policy : g_policies)
+            for (const eExtremaType type : g_types)
+            {
+                const Ranges expected = plainLocalExtrema(values, policy, type);
+                EXPECT_EQ(findDilated<TypeParam>(values, policy, type, 0), expected);
+                EXPECT_EQ(findPlateaus<TypeParam>(values, policy, type),
+                          (plainExpansion<unsigned int>(values, expected)));
+                EXPECT_EQ((findPlateaus<TypeParam, unsigned long>(values, policy, type)),
+                          (plainExpansion<unsigned long>(values, expected)));
+            }
+    }
+}
+
+TYPED_TEST(ExtremaSearch, DilatedExtremaAgreeWithAPlainSearch)
+{
+    std::mt19937 generator(54);
+    for (int draw = 0; draw < 4000; ++draw)
+    {
+        std::vector<TypeParam> values(generator() % 16);
+        for (TypeParam& value : values)
+            value = static_cast<TypeParam>(generator() % 9);
+        const TypeParam dilateFactor = static_cast<TypeParam>(1 + generator() % 5);
+        for (const eExtremaBorderPolicy policy : g_policies)
+            for (const eExtremaType type : g_types)
+                EXPECT_EQ(findDilated<TypeParam>(values, policy, type, dilateFactor),
+                          plainDilatedExtrema(values, policy, type, dilateFactor));
+    }
+}
+
+TYPED_TEST(ExtremaSearch, DilatedExtremaOfValuesThatWrapAgreeWithAPlainSearch)
+{
+    std::mt19937 generator(55);
+    for (int draw = 0; draw < 4000; ++draw)
+    {
+        const std::vector<TypeParam> values = anyPlateaus<TypeParam>(generator, 12);
+        TypeParam dilateFactor = test::anyValue<TypeParam>(generator);
+        if (dilateFactor < TypeParam(0))
+            dilateFactor = TypeParam(3);
+        for (const eExtremaBorderPolicy policy : g_policies)
+            for (const eExtremaType type : g_types)
+                EXPECT_EQ(findDilated<TypeParam>(values, policy, type, dilateFactor),
+                          plainDilatedExtrema(values, policy, type, dilateFactor));
+    }
+}
+
+TYPED_TEST(ExtremaSearch, AnEmptySequenceHasNoExtremum)
+{
+    for (const eExtremaBorderPolicy policy : g_policies)
+        for (const eExtremaType type : g_types)
+        {
+            EXPECT_EQ(findStrict<TypeParam>({}, policy, type), Indices());
+            EXPECT_EQ(findPlateaus<TypeParam>({}, policy, type), Indices());
+            EXPECT_EQ(findDilated<TypeParam>({}, policy, type, 2), Ranges());
+        }
+}
+
+TYPED_TEST(ExtremaSearch, ASingleElementIsAPlateauButNoStrictExtremum)
+{
+    for (const eExtremaType type : g_types)
+    {
+        for (const eExtremaBorderPolicy policy : g_policies)
+            EXPECT_EQ(findStrict<TypeParam>({5}, policy, type), Indices());
+        EXPECT_EQ(findPlateaus<TypeParam>({5}, eEBP_Include, type), Indices({0}));
+        EXPECT_EQ(findPlateaus<TypeParam>({5}, eEBP_Periodic, type), Indices({0}));
+        EXPECT_EQ(findPlateaus<TypeParam>({5}, eEBP_Exclude, type), Indices());
+    }
+}
+
+TYPED_TEST(ExtremaSearch, TheElementBeforeTheLastIsNoStrictExtremum)
+{
+    EXPECT_EQ(findStrict<TypeParam>({3, 1, 3, 1, 3}, eEBP_Exclude, eET_Minima), Indices({1}));
+}
+
+TYPED_TEST(ExtremaSearch, TheLastElementIsAStrictExtremumTwiceIfItBeatsTheFirst)
+{
+    EXPECT_EQ(findStrict<TypeParam>({2, 1, 2, 1, 0}, eEBP_Include, eET_Minima), Indices({1, 4, 4}));
+    EXPECT_EQ(findStrict<TypeParam>({0, 1, 2, 3, 1}, eEBP_Include, eET_Minima), Indices({0, 4}));
+    EXPECT_EQ(findStrict<TypeParam>({1, 2}, eEBP_Include, eET_Maxima), Indices({1, 1}));
+}
+
+TYPED_TEST(ExtremaSearch, OnACircleOnlyTheFirstElementIsAStrictExtremum)
+{
+    EXPECT_EQ(findStrict<TypeParam>({0, 2, 3, 1}, eEBP_Periodic, eET_Minima), Indices({0}));
+    EXPECT_EQ(findStrict<TypeParam>({1, 2, 3, 0}, eEBP_Periodic, eET_Minima), Indices());
+}
+
+TYPED_TEST(ExtremaSearch, AnUnknownTypeHasNoStrictExtremumButPlateausThatAreMaxima)
+{
+    const eExtremaType unknown = static_cast<eExtremaType>(2);
+    const std::vector<TypeParam> values = {0, 6, 1, 2, 0};
+    EXPECT_EQ(findStrict<TypeParam>(values, eEBP_Include, unknown), Indices());
+    EXPECT_EQ(findPlateaus<TypeParam>(values, eEBP_Include, unknown), Indices({1, 3}));
+    EXPECT_EQ(findDilated<TypeParam>(values, eEBP_Include, unknown, 2), Ranges({{1, 1}}));
+}
+
+TYPED_TEST(ExtremaSearch, AnUnknownPolicyExcludesTheEnds)
+{
+    const eExtremaBorderPolicy unknown = static_cast<eExtremaBorderPolicy>(3);
+    const std::vector<TypeParam> values = {4, 1, 3, 1, 1, 5};
+    EXPECT_EQ(findStrict<TypeParam>(values, unknown, eET_Maxima), Indices({2}));
+    EXPECT_EQ(findPlateaus<TypeParam>(values, unknown, eET_Maxima), Indices({2}));
+}
+
+TYPED_TEST(ExtremaSearch, APlateauIsAnExtremumUnderEveryPolicy)
+{
+    for (const eExtremaBorderPolicy policy : g_policies)
+        EXPECT_EQ(findPlateaus<TypeParam>({1, 2, 2, 1}, policy, eET_Maxima), Indices({1, 2}));
+}
+
+TYPED_TEST(ExtremaSearch, APlateauWithABetterSideIsNoExtremum)
+{
+    EXPECT_EQ(findPlateaus<TypeParam>({1, 2, 2, 2, 3, 1}, eEBP_Include, eET_Maxima), Indices({4}));
+    EXPECT_EQ(findPlateaus<TypeParam>({1, 3, 2, 2, 2, 1}, eEBP_Include, eET_Maxima), Indices({1}));
+}
+
+TYPED_TEST(ExtremaSearch, AConstantSequenceIsOneRangeUnlessTheEndsAreExcluded)
+{
+    const std::vector<TypeParam> values(6, 3);
+    for (const eExtremaType type : g_types)
+    {
+        EXPECT_EQ(findDilated<TypeParam>(values, eEBP_Include, type, 0), Ranges({{0, 6}}));
+        EXPECT_EQ(findDilated<TypeParam>(values, eEBP_Periodic, type, 0), Ranges({{0, 6}}));
+        EXPECT_EQ(findDilated<TypeParam>(values, eEBP_Exclude, type, 0), Ranges());
+    }
+}
+
+TYPED_TEST(ExtremaSearch, AConstantSequenceOfTheLimitIsOneRangeThoughTheEndsAreExcluded)
+{
+    const TypeParam min = NumericLimits<TypeParam>::s_min;
+    const TypeParam max = NumericLimits<TypeParam>::s_max;
+    EXPECT_EQ(findDilated<TypeParam>({min, min}, eEBP_Exclude, eET_Minima, 0), Ranges({{0, 2}}));
+    EXPECT_EQ(findDilated<TypeParam>({max, max}, eEBP_Exclude, eET_Maxima, 0), Ranges({{0, 2}}));
+}
+
+TYPED_TEST(ExtremaSearch, AConstantSequenceOfTheWorstValueHasNoRangeThoughTheEndsAreIncluded)
+{
+    const TypeParam max = NumericLimits<TypeParam>::s_max;
+    EXPECT_EQ(findDilated<TypeParam>({max, max}, eEBP_Include, eET_Minima, 0), Ranges());
+}
+
+TYPED_TEST(ExtremaSearch, MinimaOnACircle)
+{
+    EXPECT_EQ(findPlateaus<TypeParam>({5, 1, 1, 5, 0, 5}, eEBP_Periodic, eET_Minima), Indices({1, 2, 4}));
+    EXPECT_EQ(findDilated<TypeParam>({5, 1, 1, 5, 0, 5}, eEBP_Periodic, eET_Minima, 0), Ranges({{1, 2}, {4, 1}}));
+}
+
+TYPED_TEST(ExtremaSearch, ARangeAtTheStartIsJoinedToOneAtTheEndOfACircle)
+{
+    const std::vector<TypeParam> values = {0, 2, 0, 3, 0, 2, 0};
+    EXPECT_EQ(findDilated<TypeParam>(values, eEBP_Periodic, eET_Minima, 0), Ranges({{2, 1}, {4, 1}, {6, 2}}));
+    EXPECT_EQ(findPlateaus<TypeParam>(values, eEBP_Periodic, eET_Minima), Indices({2, 4, 6, 0}));
+}
+
+TYPED_TEST(ExtremaSearch, TwoRangesOfACircleAreLeftApart)
+{
+    EXPECT_EQ(findDilated<TypeParam>({0, 3, 3, 0}, eEBP_Periodic, eET_Minima, 0), Ranges({{0, 1}, {3, 1}}));
+    EXPECT_EQ(findPlateaus<TypeParam>({0, 3, 3, 0}, eEBP_Periodic, eET_Minima), Indices({0, 3}));
+}
+
+TYPED_TEST(ExtremaSearch, APlateauAcrossTheEndsOfACircleIsEliminatedFromEitherSide)
+{
+    EXPECT_EQ(findPlateaus<TypeParam>({1, 1, 0, 5, 1, 1}, eEBP_Periodic, eET_Minima), Indices({2}));
+    EXPECT_EQ(findPlateaus<TypeParam>({1, 1, 5, 0, 1, 1}, eEBP_Periodic, eET_Minima), Indices({3}));
+}
+
+TYPED_TEST(ExtremaSearch, TheDilateFactorCutsLowerPeaksOff)
+{
+    const std::vector<TypeParam> values = {0, 5, 4, 6, 0};
+    EXPECT_EQ(findDilated<TypeParam>(values, eEBP_Include, eET_Maxima, 0), Ranges({{1, 1}, {3, 1}}));
+    EXPECT_EQ(findDilated<TypeParam>(values, eEBP_Include, eET_Maxima, 2), Ranges({{1, 3}}));
+}
+
+TYPED_TEST(ExtremaSearch, TheReserveOfThePlateauSearchIsExact)
+{
+    std::vector<unsigned int> extrema;
+    findLocalExtrema<TypeParam, unsigned int>({1, 2, 2, 2, 1, 3, 0}, eEBP_Include, eET_Maxima, extrema);
+    EXPECT_EQ(extrema.size(), 4u);
+    EXPECT_EQ(extrema.capacity(), 4u);
+}
+
+template <class T>
+class SignedExtremaSearch : public ::testing::Test
+{
+};
+using SignedTypes = ::testing::Types<signed char, short, int, long, float, double>;
+TYPED_TEST_SUITE(SignedExtremaSearch, SignedTypes, test::TypeNames);
+
+TYPED_TEST(SignedExtremaSearch, ANegativeDilateFactorRaisesAndLeavesTheRanges)
+{
+    const test::LogCapture log;
+    Ranges ranges = {{77, 1}};
+    test::expectMathRaises(
+        "Dilate factor should be positive",
+        [&ranges] {
+            findLocalDilatedExtrema<TypeParam>({1, 2, 1}, eEBP_Include, eET_Maxima, TypeParam(-1), ranges);
+        });
+    EXPECT_EQ(ranges, Ranges({{77, 1}}));
+    EXPECT_EQ(log.getTexts(), std::vector<std::string>({"Dilate factor should be positive"}));
+}
+
+template <class T>
+class UnsignedExtremaSearch : public ::testing::Test
+{
+};
+using UnsignedTypes = ::testing::Types<unsigned char, unsigned short, unsigned int, unsigned long>;
+TYPED_TEST_SUITE(UnsignedExtremaSearch, UnsignedTypes, test::TypeNames);
+
+TYPED_TEST(UnsignedExtremaSearch, ALargeDilateFactorLeavesOnePlateauOfMaxima)
+{
+    const TypeParam dilateFactor = static_cast<TypeParam>(-1);
+    EXPECT_EQ(findDilated<TypeParam>({1, 9, 2, 9, 1}, eEBP_Periodic, eET_Maxima, dilateFactor), Ranges({{0, 5}}));
+}
+
+TYPED_TEST(UnsignedExtremaSearch, AMinimumThatIsShiftedBeyondTheRangeWrapsAroundAndStays)
+{
+    const TypeParam max = NumericLimits<TypeParam>::s_max;
+    const std::vector<TypeParam> values = {max, static_cast<TypeParam>(max - 2), max, 0, max};
+    // The first minimum wraps to 7, which the sequence lifts back to where it was; the other one rises by 9.
+    EXPECT_EQ(findDilated<TypeParam>(values, eEBP_Include, eET_Minima, 9), Ranges({{1, 1}, {3, 1}}));
+}
+
+TEST(ExtremaSearch, AnElementThatIsNotANumberBoundsTheSearch)
+{
+    EXPECT_EQ(findDilated<double>({1, 2, g_nan, 3, 1}, eEBP_Include, eET_Maxima, 0), Ranges({{1, 3}}));
+}
+
+TEST(ExtremaSearch, ADilateFactorThatIsNotANumberCutsNothingOff)
+{
+    EXPECT_EQ(findDilated<double>({0, 5, 4, 6, 0}, eEBP_Include, eET_Maxima, g_nan), Ranges({{1, 1}, {3, 1}}));
+}
+
+} // namespace math
+} // namespace ovrix
