@@ -35,6 +35,8 @@ function(ovrix_add_library name alias)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
         CXX_EXTENSIONS OFF
+        # The installed libraries find each other wherever the tree stands.
+        INSTALL_RPATH "$ORIGIN"
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
     target_compile_features(${name} PUBLIC cxx_std_17)

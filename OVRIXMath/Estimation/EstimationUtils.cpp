@@ -5,6 +5,7 @@
 #include <OVRIXMath/Estimation/MSACRobustEstimator.h>
 #include <OVRIXMath/Estimation/RANSACRobustEstimator.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
+#include <OVRIXMath/Optimization/NonLinearSolver.h>
 #include <OVRIXSerialization/EnumerationSerialization.h>
 
 #include <boost/make_shared.hpp>
@@ -158,6 +159,34 @@ void processEstimation(const EstimationConfig& config, const EstimatorPtr& pEsti
         processRobustEstimation(*pRobustEstimator, dataSet, filler);
     else if (bAllowSimple)
         processSimpleEstimation(*pEstimator, dataSet, filler);
+}
+
+void processEstimation(const EstimationConfig& config, const EstimatorPtr& pEstimator,
+                       CostFunctionPtr (*const& costFunctionFactory)(const DataSet&), const DataSet& dataSet,
+                       EstimationResults& results)
+{
+    processEstimation(config, pEstimator, dataSet, results);
+    if (!results.getEstimationStatus())
+        return;
+
+    const DataSet inliers = extractInliers(dataSet, results.getOutlierFlags());
+    const CostFunctionPtr pCostFunction = costFunctionFactory(inliers);
+    OVRIXMATH_RAISE_UNLESS(pCostFunction, eEstimationMessage, 18);
+    NonLinearSolver solver;
+    const OptResult optResult = solver.solve(pCostFunction, results.getEstimParams());
+    if (optResult.status == eOS_Failed)
+    {
+        results.updateNonLinearFailed(failure<eEstimationMessage>(16, optResult.msg).getMessage());
+        return;
+    }
+
+    const Vector& solverParams = solver.getEstimParams();
+    ResidualsSet residuals(dataSet.size(), 0.0);
+    const BoolResult result = pEstimator->computeResiduals(dataSet, solverParams, residuals);
+    if (result)
+        results.updateNonLinearSuccess(solverParams, residuals, solver.getNbIteration(), optResult.msg);
+    else
+        results.updateNonLinearFailed(failure<eEstimationMessage>(27, result.getMessage()).getMessage());
 }
 
 RobustEstimatorPtr createRobustEstimator(const EstimationConfig& config, const EstimatorPtr& pEstimator)

@@ -5,6 +5,7 @@
 #include <OVRIXMath/Estimation/EstimationConfig.h>
 #include <OVRIXMath/Estimation/EstimationResults.h>
 #include <OVRIXMath/Export.h>
+#include <OVRIXMath/Optimization/BaseCostFunction.h>
 #include <OVRIXMath/Types.h>
 #include <OVRIXSerialization/SerializationItem.h>
 
@@ -36,6 +37,24 @@ namespace math
 /// @param[out] results the outcome, which also carries every failure that the data cause
 /// @throws OVRIXMathException when the pointer is null or the configuration is not initialised
 OVRIXMATH_EXPORT void processEstimation(const EstimationConfig& config, const EstimatorPtr& pEstimator,
+                                        const DataSet& dataSet, EstimationResults& results);
+
+/// Fits a model robustly and refines it on the inliers by non-linear least squares.
+///
+/// The cost function is built on the inliers and starts from the robust parameters; its parameters must be those of the
+/// model. The residuals are made again on all data, while the outlier flags and the threshold stay those of the robust
+/// fit. A refinement that stops at a limit without converging counts as done. When the first fit fails, there is no
+/// refinement.
+///
+/// @param config an initialised configuration of a robust method
+/// @param pEstimator the model
+/// @param costFunctionFactory makes the cost function of the inliers it is given
+/// @param dataSet the data, each of the model's data size
+/// @param[out] results the outcome; on success its status carries the solver's text
+/// @throws OVRIXMathException as the form without refinement does; when that form leaves the results not initialised;
+///         when its success is that of a plain fit, which tells no inliers; when the factory gives a null pointer
+OVRIXMATH_EXPORT void processEstimation(const EstimationConfig& config, const EstimatorPtr& pEstimator,
+                                        CostFunctionPtr (*const& costFunctionFactory)(const DataSet&),
                                         const DataSet& dataSet, EstimationResults& results);
 
 /// The robust estimator of a configuration, ready for use and drawing through the configuration's own partition.

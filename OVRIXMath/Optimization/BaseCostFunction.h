@@ -31,8 +31,8 @@ namespace math
 ///     // One equation per observation: the model's value minus the observed one.
 ///     BoolResult processEquations(const Vector& params, Vector& equations) const override
 ///     {
-///         if (params[1] < 0.0)
-///             return BoolResult(false, "The model decays, b1 must not be negative");
+///         if (!std::isfinite(params[1]))
+///             return BoolResult(false, "b1 is not a finite number");
 ///         for (std::size_t i = 0; i < _x.size(); ++i)
 ///             equations[i] = params[0] * std::exp(-params[1] * _x[i]) - _y[i];
 ///         return true;

@@ -289,6 +289,16 @@ public:
                 jacobian[j * parameterStride + i * observationStride] = g[j];
         }
     }
+
+    double computeValue(double x, const double* b) const override
+    {
+        return Formula::value(b, x);
+    }
+
+    void computeGradient(double x, const double* b, double* gradient) const override
+    {
+        Formula::gradient(b, x, gradient);
+    }
 };
 
 template <class Formula>
@@ -372,10 +382,11 @@ std::vector<NistProblem> readProblems()
     return problems;
 }
 
-double countDigits(double value, double certified)
+/// `-log10(|error| / |scale|)`, from 0 to the eleven digits that are certified.
+double countDigits(double difference, double scale)
 {
     constexpr double certifiedDigits = 11.0;
-    const double error = std::fabs(value - certified) / std::fabs(certified);
+    const double error = std::fabs(difference) / std::fabs(scale);
     if (!(error < std::numeric_limits<double>::infinity()))
         return 0.0;
     return std::max(0.0, std::min(certifiedDigits, -std::log10(error)));
@@ -397,13 +408,14 @@ double NistProblem::computeParamDigits(const double* b) const
 {
     double digits = std::numeric_limits<double>::infinity();
     for (std::size_t j = 0; j < getNbParameters(); ++j)
-        digits = std::min(digits, countDigits(b[j], certifiedParams[j]));
+        digits = std::min(digits, countDigits(b[j] - certifiedParams[j], certifiedParams[j]));
     return digits;
 }
 
 double NistProblem::computeSumOfSquaresDigits(const double* b) const
 {
-    return countDigits(computeSumOfSquares(b), certifiedSumOfSquares);
+    const double scale = std::max(certifiedSumOfSquares, computeSumOfSquares(certifiedParams.data()));
+    return countDigits(computeSumOfSquares(b) - certifiedSumOfSquares, scale);
 }
 
 const std::vector<NistProblem>& getNistProblems()

@@ -1,0 +1,346 @@
+#include <OVRIXMath/Graph/BipartitePartialMatch.h>
+#include <OVRIXMath/Graph/Munkres.h>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <limits>
+#include <random>
+#include <support/ExpectFailure.h>
+
+namespace ovrix
+{
+namespace math
+{
+
+namespace
+{
+
+using testing::Each;
+using testing::ElementsAre;
+
+const ovUInt32 U = BipartitePartialMatch::getUnAssignedValue();
+
+const std::string g_notInitialized = "Algorithm has not been initialized";
+const std::string g_notSolved = "Algorithm has not been resolved, can't access associated results";
+
+using Rows = std::vector<std::vector<double>>;
+
+BipartitePartialMatch filled(const Rows& rows, double threshold)
+{
+    BipartitePartialMatch match;
+    match.init(static_cast<ovUInt32>(rows.size()), static_cast<ovUInt32>(rows.front().size()), threshold);
+    for (ovUInt32 r = 0; r < rows.size(); ++r)
+        std::copy(rows[r].begin(), rows[r].end(), match.getWeights(r));
+    return match;
+}
+
+BipartitePartialMatch solved(const Rows& rows, double threshold)
+{
+    BipartitePartialMatch match = filled(rows, threshold);
+    match.solve();
+    return match;
+}
+
+Rows transposed(const Rows& rows)
+{
+    Rows columns(rows.front().size(), std::vector<double>(rows.size()));
+    for (std::size_t r = 0; r < rows.size(); ++r)
+    {
+        for (std::size_t c = 0; c < rows[r].size(); ++c)
+            columns[c][r] = rows[r][c];
+    }
+    return columns;
+}
+
+/// The matching written out step by step.
+struct PlainMatch
+{
+    PlainMatch(const Rows& rows, double threshold)
+        : rowAssignments(rows.size(), U), columnAssignments(rows.front().size(), U)
+    {
+        const Rows columns = transposed(rows);
+        const auto candidates = [&](const Rows& side)
+        {
+            std::vector<ovUInt32> indices;
+            for (std::size_t i = 0; i < side.size(); ++i)
+            {
+                if (std::any_of(side[i].begin(), side[i].end(), [&](double w) { return threshold < w; }))
+                    indices.push_back(static_cast<ovUInt32>(i));
+            }
+            return indices;
+        };
+        const std::vector<ovUInt32> rowIdx = candidates(rows);
+        const std::vector<ovUInt32> columnIdx = candidates(columns);
+        if (rowIdx.empty())
+            return;
+        if (columnIdx.size() < rowIdx.size())
+            match(columns, threshold, columnIdx, rowIdx, columnAssignments, rowAssignments);
+        else
+            match(rows, threshold, rowIdx, columnIdx, rowAssignments, columnAssignments);
+    }
+
+    void match(const Rows& weights, double threshold, const std::vector<ovUInt32>& firstIdx,
+               const std::vector<ovUInt32>& secondIdx, std::vector<ovUInt32>& first, std::vector<ovUInt32>& second)
+    {
+        Munkres munkres;
+        munkres.init(static_cast<ovUInt32>(firstIdx.size()), static_cast<ovUInt32>(secondIdx.size()));
+        for (ovUInt32 k = 0; k < firstIdx.size(); ++k)
+        {
+            for (ovUInt32 l = 0; l < secondIdx.size(); ++l)
+                munkres.getWeights(k)[l] = weights[firstIdx[k]][secondIdx[l]];
+        }
+        munkres.solve();
+        for (ovUInt32 k = 0; k < firstIdx.size(); ++k)
+        {
+            const ovUInt32 j = secondIdx[munkres.getAssignments()[k]];
+            if (threshold <= weights[firstIdx[k]][j])
+            {
+                first[firstIdx[k]] = j;
+                second[j] = firstIdx[k];
+            }
+        }
+    }
+
+    std::vector<ovUInt32> rowAssignments;
+    std::vector<ovUInt32> columnAssignments;
+};
+
+} // namespace
+
+TEST(BipartitePartialMatch, TheUnassignedValueIsTheLargestIndex)
+{
+    EXPECT_EQ(U, NumericLimits<ovUInt32>::s_max);
+}
+
+TEST(BipartitePartialMatch, IsNotInitializedAfterConstruction)
+{
+    BipartitePartialMatch match;
+    test::expectMathRaises(g_notInitialized, [&] { match.getNbRows(); });
+    test::expectMathRaises(g_notInitialized, [&] { match.getNbColumns(); });
+    test::expectMathRaises(g_notInitialized, [&] { match.getThreshold(); });
+    test::expectMathRaises(g_notInitialized, [&] { match.isSolved(); });
+    test::expectMathRaises(g_notInitialized, [&] { match.solve(); });
+    test::expectMathRaises(g_notInitialized, [&] { match.getRowAssignments(); });
+    test::expectMathRaises(g_notInitialized, [&] { match.getColumnAssignments(); });
+}
+
+TEST(BipartitePartialMatch, InitSizesATableOfLargestValues)
+{
+    BipartitePartialMatch match;
+    match.init(3, 2, -1.5);
+    EXPECT_EQ(match.getNbRows(), 3u);
+    EXPECT_EQ(match.getNbColumns(), 2u);
+    EXPECT_EQ(match.getThreshold(), -1.5);
+    EXPECT_EQ(match.getWeight(2, 1), NumericLimits<double>::s_max);
+    EXPECT_FALSE(match.isSolved());
+}
+
+TEST(BipartitePartialMatch, ATableWithoutElementsIsNotInitialized)
+{
+    BipartitePartialMatch match;
+    for (const auto& size : {std::make_pair(0u, 0u), std::make_pair(2u, 0u), std::make_pair(0u, 2u)})
+    {
+        match.init(size.first, size.second, 0.5);
+        test::expectMathRaises(g_notInitialized, [&] { match.solve(); });
+    }
+}
+
+TEST(BipartitePartialMatch, ResultsBeforeSolveRaise)
+{
+    BipartitePartialMatch match = filled({{1.0}}, 0.0);
+    test::expectMathRaises(g_notSolved, [&] { match.getRowAssignments(); });
+    test::expectMathRaises(g_notSolved, [&] { match.getColumnAssignments(); });
+}
+
+TEST(BipartitePartialMatch, BadIndicesRaiseTheRowFirst)
+{
+    BipartitePartialMatch match;
+    match.init(3, 2, 0.0);
+    test::expectMathRaises("Row index 3 is not valid given total number of matrix rows 3",
+                           [&] { match.getWeights(3); });
+    test::expectMathRaises("Row index 3 is not valid given total number of matrix rows 3",
+                           [&] { static_cast<const BipartitePartialMatch&>(match).getWeights(3); });
+    test::expectMathRaises("Row index 4 is not valid given total number of matrix rows 3",
+                           [&] { match.getWeight(4, 4); });
+    test::expectMathRaises("Column index 2 is not valid given total number of matrix columns 2",
+                           [&] { match.getWeight(2, 2); });
+}
+
+TEST(BipartitePartialMatch, ClearKeepsTheSizes)
+{
+    BipartitePartialMatch match = solved({{1.0, 2.0}}, 0.0);
+    match.clear();
+    test::expectMathRaises(g_notInitialized, [&] { match.isSolved(); });
+    EXPECT_EQ(match.getWeights(0), nullptr);
+    EXPECT_EQ(static_cast<const BipartitePartialMatch&>(match).getWeights(0), nullptr);
+    test::expectMathRaises(g_notInitialized, [&] { match.getWeight(0, 0); });
+    test::expectMathRaises("Row index 1 is not valid given total number of matrix rows 1",
+                           [&] { match.getWeight(1, 0); });
+}
+
+TEST(BipartitePartialMatch, WeightsAreFilledRowByRow)
+{
+    const BipartitePartialMatch match = filled({{1.0, 2.0, 3.0}, {4.0, 5.0, 6.0}}, 0.0);
+    EXPECT_EQ(match.getWeight(1, 2), 6.0);
+    EXPECT_EQ(match.getWeights(1)[0], 4.0);
+}
+
+TEST(BipartitePartialMatch, NobodyIsMatchedWithoutAWeightAboveTheThreshold)
+{
+    const BipartitePartialMatch match = solved({{2.0, 1.0, 0.0}, {2.0, 2.0, -1.0}}, 2.0);
+    EXPECT_TRUE(match.isSolved());
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(U, U));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(U, U, U));
+}
+
+TEST(BipartitePartialMatch, AnUnfilledTableMatchesTheDiagonal)
+{
+    BipartitePartialMatch match;
+    match.init(2, 3, 0.0);
+    match.solve();
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(0, 1));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(0, 1, U));
+}
+
+TEST(BipartitePartialMatch, AnUnfilledTableWithTheLargestThresholdMatchesNobody)
+{
+    BipartitePartialMatch match;
+    match.init(2, 2, NumericLimits<double>::s_max);
+    match.solve();
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(U, U));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(U, U));
+}
+
+TEST(BipartitePartialMatch, MoreRowsThanColumnsAreSolvedTheOtherWayRound)
+{
+    const BipartitePartialMatch match = solved({{1.0, 5.0}, {4.0, 2.0}, {3.0, 6.0}}, 0.0);
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(U, 0, 1));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(1, 2));
+}
+
+TEST(BipartitePartialMatch, TheOrientationFollowsTheCandidatesNotTheTable)
+{
+    // Two rows and three columns, but the last two columns are no candidates.
+    const BipartitePartialMatch match = solved({{5.0, 1.0, 1.0}, {6.0, 1.0, 1.0}}, 2.0);
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(U, 0));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(1, U, U));
+}
+
+TEST(BipartitePartialMatch, AsManyCandidatesOnBothSidesKeepTheRowsAsRows)
+{
+    // Both assignments have the same sum; with the columns as rows the other one would be met first.
+    const Rows rows = {{1.0, 2.0, 2.0}, {2.0, 3.0, 1.0}, {2.0, 3.0, 1.0}};
+    EXPECT_THAT(solved(rows, 0.0).getRowAssignments(), ElementsAre(2, 0, 1));
+    EXPECT_THAT(solved(transposed(rows), 0.0).getColumnAssignments(), ElementsAre(2, 1, 0));
+}
+
+TEST(BipartitePartialMatch, OneRowGoesToItsOnlyCandidateColumn)
+{
+    const BipartitePartialMatch match = solved({{1.0, 5.0}}, 2.0);
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(1));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(U, 0));
+}
+
+TEST(BipartitePartialMatch, SidesWithoutAWeightAboveTheThresholdAreSetAside)
+{
+    const BipartitePartialMatch match = solved({{5.0, 1.0}, {1.0, 0.5}}, 2.0);
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(0, U));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(0, U));
+}
+
+TEST(BipartitePartialMatch, AWeightEqualToTheThresholdMakesNoCandidate)
+{
+    const BipartitePartialMatch match = solved({{5.0, 2.0}, {2.0, 2.0}}, 2.0);
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(0, U));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(0, U));
+}
+
+TEST(BipartitePartialMatch, APairOfTheThresholdIsAcceptedBetweenCandidates)
+{
+    // Rows 0, 1 and columns 0, 1 are candidates through the corner of 10 and its neighbours.
+    const BipartitePartialMatch match = solved({{10.0, 9.0}, {9.0, 2.0}}, 2.0);
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(1, 0));
+    const BipartitePartialMatch atThreshold = solved({{20.0, 9.0}, {9.0, 2.0}}, 2.0);
+    EXPECT_THAT(atThreshold.getRowAssignments(), ElementsAre(0, 1));
+    EXPECT_THAT(atThreshold.getColumnAssignments(), ElementsAre(0, 1));
+}
+
+TEST(BipartitePartialMatch, APairBelowTheThresholdIsDroppedAndNotMatchedAnew)
+{
+    // The sum of 21 wins over 18, then the pair of 1 is rejected although 9 and 9 would both be accepted.
+    const BipartitePartialMatch match = solved({{20.0, 9.0}, {9.0, 1.0}}, 2.0);
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(0, U));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(0, U));
+}
+
+TEST(BipartitePartialMatch, SolveOverwritesEarlierResults)
+{
+    BipartitePartialMatch match = solved({{5.0, 1.0}, {1.0, 5.0}}, 2.0);
+    match.getWeights(0)[0] = 0.0;
+    match.solve();
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(U, 1));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(U, 1));
+}
+
+TEST(BipartitePartialMatch, WeightsThatAreNotNumbersMakeNoPair)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const BipartitePartialMatch match = solved({{nan, nan}, {nan, 3.0}}, 2.0);
+    EXPECT_THAT(match.getRowAssignments(), ElementsAre(U, 1));
+    EXPECT_THAT(match.getColumnAssignments(), ElementsAre(U, 1));
+}
+
+TEST(BipartitePartialMatch, AThresholdThatIsNotANumberMatchesNobody)
+{
+    const BipartitePartialMatch match = solved({{1.0, 2.0}}, std::numeric_limits<double>::quiet_NaN());
+    EXPECT_THAT(match.getRowAssignments(), Each(U));
+    EXPECT_THAT(match.getColumnAssignments(), Each(U));
+}
+
+TEST(BipartitePartialMatch, FollowsTheStepsOnRandomTables)
+{
+    std::mt19937 generator(3);
+    for (int repeat = 0; repeat < 3000; ++repeat)
+    {
+        Rows rows(1 + generator() % 9, std::vector<double>(1 + generator() % 9));
+        for (auto& row : rows)
+            std::generate(row.begin(), row.end(), [&] { return double(generator() % 8); });
+        const double threshold = generator() % 8;
+        const BipartitePartialMatch match = solved(rows, threshold);
+        const PlainMatch plain(rows, threshold);
+        ASSERT_EQ(match.getRowAssignments(), plain.rowAssignments);
+        ASSERT_EQ(match.getColumnAssignments(), plain.columnAssignments);
+    }
+}
+
+TEST(BipartitePartialMatch, PartnersAgreeOnBothSides)
+{
+    std::mt19937 generator(4);
+    for (int repeat = 0; repeat < 200; ++repeat)
+    {
+        Rows rows(1 + generator() % 20, std::vector<double>(1 + generator() % 20));
+        for (auto& row : rows)
+            std::generate(row.begin(), row.end(), [&] { return std::uniform_real_distribution<double>()(generator); });
+        const BipartitePartialMatch match = solved(rows, 0.8);
+        for (ovUInt32 r = 0; r < rows.size(); ++r)
+        {
+            const ovUInt32 c = match.getRowAssignments()[r];
+            if (c == U)
+                continue;
+            EXPECT_EQ(match.getColumnAssignments()[c], r);
+            EXPECT_GE(rows[r][c], 0.8);
+        }
+        for (ovUInt32 c = 0; c < rows.front().size(); ++c)
+        {
+            const ovUInt32 r = match.getColumnAssignments()[c];
+            if (r != U)
+            {
+                EXPECT_EQ(match.getRowAssignments()[r], c);
+            }
+        }
+    }
+}
+
+} // namespace math
+} // namespace ovrix

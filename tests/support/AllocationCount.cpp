@@ -1,0 +1,34 @@
+#include <atomic>
+#include <cstdlib>
+#include <new>
+#include <support/AllocationCount.h>
+
+namespace
+{
+
+std::atomic<std::size_t> g_nbAllocations{0};
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    g_nbAllocations.fetch_add(1, std::memory_order_relaxed);
+    if (void* const pMemory = std::malloc(size))
+        return pMemory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* pMemory) noexcept
+{
+    std::free(pMemory);
+}
+
+void operator delete(void* pMemory, std::size_t) noexcept
+{
+    std::free(pMemory);
+}
+
+std::size_t ovrix::test::getNbAllocations()
+{
+    return g_nbAllocations.load(std::memory_order_relaxed);
+}
