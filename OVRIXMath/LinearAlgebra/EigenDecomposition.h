@@ -56,9 +56,13 @@ OVRIXMATH_EXPORT void eigenDecomposition(double a, double b, double c, double& m
 /// right-handed system.
 ///
 /// A matrix with b^2 + c^2 + e^2 below tol^2 counts as diagonal: its diagonal in rising order, and the axes, which need
-/// not be a right-handed system then. Equal eigenvalues have orthonormal eigenvectors all the same. Eigenvalues that nearly coincide are known to half of the
-/// type's digits only, relative to the largest one. Of a matrix whose elements are below about the square root of tol,
-/// the products may count as zero, and fixed directions then stand for the eigenvectors.
+/// not be a right-handed system then. Equal eigenvalues have orthonormal eigenvectors all the same, and their order holds
+/// to within rounding.
+///
+/// Accuracy for elements of the order of 1, with eps the machine epsilon and `gap` the distance of the two nearest
+/// eigenvalues: eigenvalues and right angles between eigenvectors to about 10 eps / gap, and never worse than to about
+/// sqrt(eps). So eigenvalues that nearly coincide are known to half of the type's digits. Of a matrix whose elements
+/// are below about sqrt(tol), the products may count as zero, and fixed directions then stand for the eigenvectors.
 ///
 /// @tparam T `float` or `double`
 /// @param a, b, c, d, e, f elements of the matrix
@@ -71,7 +75,7 @@ OVRIXMATH_EXPORT void eigenDecomposition(T a, T b, T c, T d, T e, T f, T& l0, T&
 /// As above, with the orientation of the eigenvectors as three angles.
 ///
 /// With R the matrix whose rows are v0, v1, v2, the angles are those of R = Rz(psi) Ry(theta) Rx(phi). Where theta
-/// comes to a right angle, to within tol in its sine, psi is 0.
+/// comes to a right angle, to within tol in its sine, psi is 0. Of NaN in the matrix, the eigenvalues and phi become NaN.
 ///
 /// @tparam T `float` or `double`
 /// @param a, b, c, d, e, f elements of the matrix

@@ -19,7 +19,7 @@ namespace test
 namespace
 {
 
-constexpr rlim_t g_nbSeconds = 20;
+constexpr rlim_t g_nbSeconds = 10;
 
 bool ends(const std::string& accepted, const NamedCall& call)
 {

@@ -18,7 +18,7 @@ namespace test
 /// What a decomposition of a matrix of norm 1 may be off by, per row or column: c * size * eps.
 inline double roundingBound(std::size_t rows, std::size_t columns)
 {
-    return 10.0 * static_cast<double>(rows + columns) * NumericLimits<double>::s_eps;
+    return 5.0 * static_cast<double>(rows + columns) * NumericLimits<double>::s_eps;
 }
 
 /// Elements uniform in [-1, 1[.
