@@ -39,7 +39,7 @@ struct OVRIXMathFailures
 ///
 /// @tparam Messages class of the domain, such as eEstimationMessage
 template <class Messages, class... Arguments>
-BoolResult failure(int id, Arguments... arguments)
+BoolResult failure(int id, const Arguments&... arguments)
 {
     return ovrix::details::makeFailure<details::OVRIXMathFailures, typename Messages::domain>(id, arguments...);
 }

@@ -11,6 +11,7 @@ namespace math
 /// Messages of the library as a whole; the texts stand in the source file.
 struct eOVRIXMathMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

@@ -5,7 +5,7 @@
 namespace ovrix
 {
 
-ArchiveSectionManager::ArchiveSectionManager(BaseArchive& archive, const std::string& name)
+ArchiveSectionManager::ArchiveSectionManager(BaseArchive& archive, std::string_view name)
     : _archive(archive), _nbUncaughtExceptions(std::uncaught_exceptions())
 {
     _archive.openSection(name);

@@ -5,7 +5,7 @@
 
 #include <boost/noncopyable.hpp>
 
-#include <string>
+#include <string_view>
 
 namespace ovrix
 {
@@ -14,7 +14,8 @@ namespace ovrix
 class OVRIXSERIALIZATION_EXPORT ArchiveSectionManager : private boost::noncopyable
 {
 public:
-    ArchiveSectionManager(BaseArchive& archive, const std::string& name);
+    /// Opens a section of that name.
+    ArchiveSectionManager(BaseArchive& archive, std::string_view name);
 
     /// Closes the section, unless the scope is left by an exception: the archive is of no further use then.
     ///

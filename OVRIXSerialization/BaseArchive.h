@@ -5,8 +5,12 @@
 
 #include <boost/noncopyable.hpp>
 
+#include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace ovrix
 {
@@ -17,34 +21,56 @@ namespace ovrix
 class OVRIXSERIALIZATION_EXPORT BaseArchive : private boost::noncopyable
 {
 public:
+    /// How deep sections may be nested, so that an archive can't exhaust the stack of its reader.
+    static constexpr std::size_t s_maxSectionDepth = 1000;
+
     virtual ~BaseArchive();
 
     /// Whether this is a text archive. Text archives hold items only; the others may hold raw blocks as well.
     bool isText() const;
 
     /// Whether registerClassVersion() has been called for the class in this archive.
-    bool isClassVersionRegistred(const std::string& className) const;
+    bool isClassVersionRegistred(std::string_view className) const;
 
     /// Records the version of a class, which stands once in an archive.
-    void registerClassVersion(const std::string& className, ovUInt32 version);
+    void registerClassVersion(std::string_view className, ovUInt32 version);
 
     /// The recorded version of a class.
     ///
     /// @throws OVRIXSerializationException when none has been recorded
-    ovUInt32 getRegisterClassVersion(const std::string& className) const;
+    ovUInt32 getRegisterClassVersion(std::string_view className) const;
 
     /// Opens a section inside the current one; see ArchiveSectionManager.
-    virtual void openSection(const std::string& name) = 0;
+    ///
+    /// @throws OVRIXSerializationException when sections would be nested deeper than s_maxSectionDepth, or when an input
+    ///         archive holds something else
+    void openSection(std::string_view name);
 
     /// Closes the current section.
-    virtual void closeSection() = 0;
+    ///
+    /// @throws OVRIXSerializationException when no section is open, or when the section of an input archive holds more
+    ///         than has been read
+    void closeSection();
+
+    /// How many sections are open.
+    std::size_t getSectionDepth() const;
+
+    /// Where in the archive one is: "/", or the names of the open sections from the outermost to the current one, each
+    /// behind a "/".
+    std::string getSectionPath() const;
 
 protected:
+    /// @param bText whether the archive is a text archive
     explicit BaseArchive(bool bText);
 
 private:
+    virtual void processOpenSection(std::string_view name) = 0;
+    virtual void processCloseSection() = 0;
+
     bool _bText;
-    std::map<std::string, ovUInt32> _classVersions;
+    std::map<std::string, ovUInt32, std::less<>> _classVersions;
+    std::string _sectionPath;
+    std::vector<std::size_t> _parentPathSizes;
 };
 
 } // namespace ovrix

@@ -1,6 +1,7 @@
 #include <OVRIXSerialization/ArchiveSectionManager.h>
 #include <OVRIXSerialization/BaseIArchive.h>
 #include <OVRIXSerialization/BaseSerializationObject.h>
+#include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXUtil/DynamicObjectFactory.h>
 
@@ -11,20 +12,25 @@ namespace ovrix
 
 BaseIArchive::~BaseIArchive() = default;
 
-boost::shared_ptr<BaseSerializationObject> BaseIArchive::readObject(const std::string& name)
+void BaseIArchive::readBlock(void* pData, std::size_t size)
+{
+    openBlock(size);
+    readBlockPart(pData, size);
+}
+
+boost::shared_ptr<BaseSerializationObject> BaseIArchive::readObject(std::string_view name)
 {
     const ArchiveSectionManager section(*this, name);
-    std::string className;
-    readItem("className", className);
-    if (className.empty())
+    readItem("className", _className);
+    if (_className.empty())
         return nullptr;
 
     const DynamicObjectFactory& factory = DynamicObjectFactory::getInstance();
-    OVRIXSERIALIZATION_RAISE_UNLESS(factory.isRegistred(className), 7, className, getSectionPath());
-    const auto pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(className));
-    OVRIXSERIALIZATION_RAISE_UNLESS(pObject, 7, className, getSectionPath());
+    OVRIXSERIALIZATION_RAISE_UNLESS(factory.isRegistred(_className), 7, details::quote(_className), getSectionPath());
+    const auto pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(_className));
+    OVRIXSERIALIZATION_RAISE_UNLESS(pObject, 7, details::quote(_className), getSectionPath());
     const BoolResult result = pObject->read(*this);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, className, result.getMessage());
+    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, pObject->getClassName(), result.getMessage());
     return pObject;
 }
 

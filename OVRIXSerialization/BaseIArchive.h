@@ -1,12 +1,16 @@
 #pragma once
 
+#include <OVRIXSerialization/ArchiveEntry.h>
 #include <OVRIXSerialization/BaseArchive.h>
+#include <OVRIXSerialization/ByteOrder.h>
 #include <OVRIXSerialization/Export.h>
 
 #include <boost/shared_ptr.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace ovrix
 {
@@ -15,25 +19,39 @@ class BaseSerializationObject;
 
 /// An archive that is being read, in the order in which it was written.
 ///
-/// Values are read as items: `archive >> makeIItem("size", size)`. Everything that does not match what is asked for
-/// raises an OVRIXSerializationException.
+/// Values are read as items: `archive >> makeIItem("size", size)`. Everything that does not match what is asked for,
+/// and every archive that is broken, cut short or foreign, raises an OVRIXSerializationException that says what was
+/// expected, what was found and in which section. The archive is of no further use then. The value that was being read is
+/// as it was before; an object may have been read in part.
 class OVRIXSERIALIZATION_EXPORT BaseIArchive : public BaseArchive
 {
 public:
     ~BaseIArchive() override;
 
-    virtual void readItem(const std::string& name, bool& value) = 0;
-    virtual void readItem(const std::string& name, int& value) = 0;
-    virtual void readItem(const std::string& name, unsigned int& value) = 0;
-    virtual void readItem(const std::string& name, unsigned long& value) = 0;
-    virtual void readItem(const std::string& name, double& value) = 0;
-    virtual void readItem(const std::string& name, std::string& value) = 0;
+    /// @{
+    /// Reads the single value that stands next, which must have that name and type.
+    virtual void readItem(std::string_view name, bool& value) = 0;
+    virtual void readItem(std::string_view name, int& value) = 0;
+    virtual void readItem(std::string_view name, unsigned int& value) = 0;
+    virtual void readItem(std::string_view name, long& value) = 0;
+    virtual void readItem(std::string_view name, unsigned long& value) = 0;
+    virtual void readItem(std::string_view name, double& value) = 0;
+    virtual void readItem(std::string_view name, std::string& value) = 0;
+    /// @}
 
-    /// Reads a block of exactly `size` bytes; not for text archives.
-    virtual void readBlock(void* pData, std::size_t size) = 0;
+    /// Reads a block of exactly `size` bytes; not for text archives. When it raises, the memory holds anything.
+    void readBlock(void* pData, std::size_t size);
 
-    /// Checks that `count` elements of at least `elementSize` bytes each can still follow, before memory is taken for
-    /// them. A size field of a broken archive must not decide how much memory its reader takes.
+    /// Reads a block of `count` numbers into memory that grows while the input turns out to be long enough: at once
+    /// where its length is known, step by step on a pipe.
+    ///
+    /// @param resize called with a number of elements, at most `count`; makes room for them, keeps those that were read
+    ///        before and returns the address of the first
+    template <class T, class Resize>
+    void readArray(std::size_t count, Resize&& resize);
+
+    /// Checks that `count` elements of at least `elementSize` bytes each can still follow, before they are read. A size
+    /// field of a broken archive must not decide how much memory its reader takes.
     ///
     /// @throws OVRIXSerializationException when the input that is left is too short for them
     virtual void checkRemainingSize(std::size_t count, std::size_t elementSize) = 0;
@@ -42,13 +60,44 @@ public:
     ///
     /// @param name name of the object's section
     /// @return the object, or null when null was written
-    boost::shared_ptr<BaseSerializationObject> readObject(const std::string& name);
+    boost::shared_ptr<BaseSerializationObject> readObject(std::string_view name);
 
-    /// Names of the open sections from the outermost to the current one, joined by "/".
-    virtual std::string getSectionPath() const = 0;
+    /// What stands next, so that an archive of unknown content can be walked through. Nothing is consumed.
+    virtual ArchiveEntry peekEntry() = 0;
 
 protected:
     using BaseArchive::BaseArchive;
+
+    /// Begins a block of exactly that size.
+    ///
+    /// @return for how many of its bytes memory may be taken before they are read, at least 1 for a block that is not
+    ///         empty
+    virtual std::size_t openBlock(std::size_t size) = 0;
+
+    /// Reads the next bytes of the block.
+    virtual void readBlockPart(void* pData, std::size_t size) = 0;
+
+private:
+    std::string _className;
 };
+
+template <class T, class Resize>
+void BaseIArchive::readArray(std::size_t count, Resize&& resize)
+{
+    checkRemainingSize(count, sizeof(T));
+    const std::size_t granted = openBlock(count * sizeof(T));
+    std::size_t nbRead = 0;
+    do
+    {
+        // What was read vouches for as much again.
+        const std::size_t step = std::max({granted / sizeof(T), nbRead, std::size_t(1)});
+        const std::size_t next = nbRead + std::min(step, count - nbRead);
+        T* const pFirst = resize(next) + nbRead;
+        readBlockPart(pFirst, (next - nbRead) * sizeof(T));
+        if constexpr (!details::g_bLittleEndian)
+            details::reverseElements(pFirst, next - nbRead, sizeof(T));
+        nbRead = next;
+    } while (nbRead < count);
+}
 
 } // namespace ovrix

@@ -8,10 +8,15 @@ namespace ovrix
 
 BaseOArchive::~BaseOArchive() = default;
 
-void BaseOArchive::writeObject(const std::string& name, const BaseSerializationObject* pObject)
+void BaseOArchive::writeItem(std::string_view name, const char* value)
+{
+    writeItem(name, std::string_view(value));
+}
+
+void BaseOArchive::writeObject(std::string_view name, const BaseSerializationObject* pObject)
 {
     const ArchiveSectionManager section(*this, name);
-    writeItem("className", pObject ? pObject->getClassName() : std::string());
+    writeItem("className", pObject ? std::string_view(pObject->getClassName()) : std::string_view());
     if (!pObject)
         return;
     const BoolResult result = pObject->write(*this);

@@ -1,15 +1,14 @@
 #pragma once
 
 #include <OVRIXSerialization/ArchiveSectionManager.h>
+#include <OVRIXSerialization/NumberSerialization.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/SerializationItem.h>
-#include <OVRIXUtil/Types.h>
 
 #include <boost/pointer_cast.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
-#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -18,14 +17,28 @@
 #include <vector>
 
 /// @file
-/// Archive forms of shared pointers, sets, vectors and maps. Elements may be containers themselves.
+/// Archive forms of shared pointers, sets, vectors and maps. Elements may be whatever has an archive form, containers
+/// among them.
 ///
-/// Every form stands in a section of the item's name. A shared pointer must point to a serialisable object, which is
-/// restored by the name of its class; a null pointer is an object with an empty class name.
+/// | Type | Form: a section of the item's name, and in it |
+/// |---|---|
+/// | `boost::shared_ptr<T>` | section "shared_ptr<" + `T::getTypeName()` + ">"; in it the object "pObject" |
+/// | `std::set<T>` | section "set"; in it "size", then "key" for each element in order |
+/// | `std::vector<T>` of numbers | section "vector"; in it "size", then "value" for each element in a text archive, one block in any other |
+/// | other `std::vector<T>`, also of `bool` | section "vector"; in it "size", then "value" for each element |
+/// | `std::map<K, V>` | section "map"; in it "size", then "key" and "value" for each pair in order |
+///
+/// "size" is an `ovUInt32`. A shared pointer points to a serialisable object, which is restored by the name of its
+/// class; a null pointer is an object with an empty class name. Two pointers to one object are two objects when they
+/// have been read back.
+///
+/// A container is as it was before when reading it raises.
 
 namespace ovrix
 {
 
+/// @{
+/// Writes or reads a container in the form above.
 template <class T>
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<boost::shared_ptr<T>>& item);
 template <class T>
@@ -35,45 +48,32 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::se
 template <class T>
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::set<T>>& item);
 template <class T>
-std::enable_if_t<std::is_arithmetic<T>::value, BaseOArchive&>
-operator<<(BaseOArchive& archive, const SerializationOItem<std::vector<T>>& item);
+BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::vector<T>>& item);
 template <class T>
-std::enable_if_t<std::is_arithmetic<T>::value, BaseIArchive&>
-operator>>(BaseIArchive& archive, const SerializationIItem<std::vector<T>>& item);
+BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::vector<T>>& item);
 template <class K, class V>
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::map<K, V>>& item);
 template <class K, class V>
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::map<K, V>>& item);
+/// @}
 
 namespace details
 {
 
-/// Bytes that an element takes at least in any archive, to bound a size field by the input that is left.
-constexpr std::size_t g_minItemSize = 1;
-
-/// Writes `count` values as items "value", in order.
-template <class Iterator>
-void writeValues(BaseOArchive& archive, Iterator first, std::size_t count)
+/// Name of the inner section of a shared pointer.
+template <class T>
+const std::string& getSharedPtrSectionName()
 {
-    const std::string name = "value";
-    for (std::size_t i = 0; i < count; ++i, ++first)
-    {
-        const typename std::iterator_traits<Iterator>::value_type value = *first;
-        archive << makeOItem(name, value);
-    }
+    static const std::string g_name = "shared_ptr<" + T::getTypeName() + ">";
+    return g_name;
 }
 
-/// Reads `count` values from items "value", in order.
-template <class Iterator>
-void readValues(BaseIArchive& archive, Iterator first, std::size_t count)
+/// Reads the size of a container whose elements are items, and checks that as many can follow.
+inline std::size_t readContainerSize(BaseIArchive& archive)
 {
-    const std::string name = "value";
-    typename std::iterator_traits<Iterator>::value_type value{};
-    for (std::size_t i = 0; i < count; ++i, ++first)
-    {
-        archive >> makeIItem(name, value);
-        *first = value;
-    }
+    const std::size_t size = readSize(archive, "size");
+    archive.checkRemainingSize(size, g_minEntrySize);
+    return size;
 }
 
 } // namespace details
@@ -82,7 +82,7 @@ template <class T>
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<boost::shared_ptr<T>>& item)
 {
     const ArchiveSectionManager section(archive, item.getName());
-    const ArchiveSectionManager typeSection(archive, "shared_ptr<" + T::getTypeName() + ">");
+    const ArchiveSectionManager typeSection(archive, details::getSharedPtrSectionName<T>());
     archive.writeObject("pObject", item.getValue().get());
     return archive;
 }
@@ -90,12 +90,15 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<boost::
 template <class T>
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<boost::shared_ptr<T>>& item)
 {
-    const ArchiveSectionManager section(archive, item.getName());
-    const ArchiveSectionManager typeSection(archive, "shared_ptr<" + T::getTypeName() + ">");
-    const boost::shared_ptr<BaseSerializationObject> pObject = archive.readObject("pObject");
-    boost::shared_ptr<T> pTyped = boost::dynamic_pointer_cast<T>(pObject);
-    OVRIXSERIALIZATION_RAISE_UNLESS(!pObject || pTyped, 13, T::getTypeName(), pObject->getClassName(),
-                                    archive.getSectionPath());
+    boost::shared_ptr<T> pTyped;
+    {
+        const ArchiveSectionManager section(archive, item.getName());
+        const ArchiveSectionManager typeSection(archive, details::getSharedPtrSectionName<T>());
+        const boost::shared_ptr<BaseSerializationObject> pObject = archive.readObject("pObject");
+        pTyped = boost::dynamic_pointer_cast<T>(pObject);
+        OVRIXSERIALIZATION_RAISE_UNLESS(!pObject || pTyped, 13, T::getTypeName(), pObject->getClassName(),
+                                        archive.getSectionPath());
+    }
     item.getValue() = std::move(pTyped);
     return archive;
 }
@@ -105,8 +108,7 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::se
 {
     const ArchiveSectionManager section(archive, item.getName());
     const ArchiveSectionManager typeSection(archive, "set");
-    const auto size = static_cast<ovUInt32>(item.getValue().size());
-    archive << makeOItem("size", size);
+    details::writeSize(archive, "size", item.getValue().size());
     for (const T& key : item.getValue())
         archive << makeOItem("key", key);
     return archive;
@@ -115,67 +117,65 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::se
 template <class T>
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::set<T>>& item)
 {
-    const ArchiveSectionManager section(archive, item.getName());
-    const ArchiveSectionManager typeSection(archive, "set");
-    ovUInt32 size = 0;
-    archive >> makeIItem("size", size);
-    archive.checkRemainingSize(size, details::g_minItemSize);
     std::set<T> keys;
-    for (ovUInt32 i = 0; i < size; ++i)
     {
-        T key{};
-        archive >> makeIItem("key", key);
-        const bool bInserted = keys.insert(std::move(key)).second;
-        OVRIXSERIALIZATION_RAISE_UNLESS(bInserted, 24, archive.getSectionPath());
+        const ArchiveSectionManager section(archive, item.getName());
+        const ArchiveSectionManager typeSection(archive, "set");
+        const std::size_t size = details::readContainerSize(archive);
+        for (std::size_t i = 0; i < size; ++i)
+        {
+            T key{};
+            archive >> makeIItem("key", key);
+            keys.insert(keys.end(), std::move(key));
+            OVRIXSERIALIZATION_RAISE_UNLESS(keys.size() == i + 1, 24, archive.getSectionPath());
+        }
     }
     item.getValue().swap(keys);
     return archive;
 }
 
 template <class T>
-std::enable_if_t<std::is_arithmetic<T>::value, BaseOArchive&> operator<<(BaseOArchive& archive,
-                                                                         const SerializationOItem<std::vector<T>>& item)
+BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::vector<T>>& item)
 {
     const ArchiveSectionManager section(archive, item.getName());
     const ArchiveSectionManager typeSection(archive, "vector");
     const std::vector<T>& values = item.getValue();
-    const auto size = static_cast<ovUInt32>(values.size());
-    archive << makeOItem("size", size);
-    if constexpr (!std::is_same<T, bool>::value)
-    {
-        if (!archive.isText())
-        {
-            archive.writeBlock(values.data(), values.size() * sizeof(T));
-            return archive;
-        }
-    }
-    details::writeValues(archive, values.begin(), values.size());
+    details::writeSize(archive, "size", values.size());
+    if constexpr (details::isBlockType<T>)
+        details::writeNumbers(archive, values.data(), values.size());
+    else
+        for (const T& value : values)
+            archive << makeOItem("value", value);
     return archive;
 }
 
 template <class T>
-std::enable_if_t<std::is_arithmetic<T>::value, BaseIArchive&> operator>>(BaseIArchive& archive,
-                                                                         const SerializationIItem<std::vector<T>>& item)
+BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::vector<T>>& item)
 {
-    const ArchiveSectionManager section(archive, item.getName());
-    const ArchiveSectionManager typeSection(archive, "vector");
-    ovUInt32 size = 0;
-    archive >> makeIItem("size", size);
     std::vector<T> values;
-    if constexpr (!std::is_same<T, bool>::value)
     {
-        if (!archive.isText())
+        const ArchiveSectionManager section(archive, item.getName());
+        const ArchiveSectionManager typeSection(archive, "vector");
+        if constexpr (details::isBlockType<T>)
         {
-            archive.checkRemainingSize(size, sizeof(T));
-            values.resize(size);
-            archive.readBlock(values.data(), values.size() * sizeof(T));
-            item.getValue().swap(values);
-            return archive;
+            const auto resize = [&values](std::size_t size)
+            {
+                values.resize(size);
+                return values.data();
+            };
+            details::readNumbers<T>(archive, details::readSize(archive, "size"), resize);
+        }
+        else
+        {
+            const std::size_t size = details::readContainerSize(archive);
+            for (std::size_t i = 0; i < size; ++i)
+            {
+                T value{};
+                archive >> makeIItem("value", value);
+                values.push_back(std::move(value));
+            }
         }
     }
-    archive.checkRemainingSize(size, details::g_minItemSize);
-    values.resize(size);
-    details::readValues(archive, values.begin(), values.size());
     item.getValue().swap(values);
     return archive;
 }
@@ -185,8 +185,7 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::ma
 {
     const ArchiveSectionManager section(archive, item.getName());
     const ArchiveSectionManager typeSection(archive, "map");
-    const auto size = static_cast<ovUInt32>(item.getValue().size());
-    archive << makeOItem("size", size);
+    details::writeSize(archive, "size", item.getValue().size());
     for (const auto& entry : item.getValue())
     {
         archive << makeOItem("key", entry.first);
@@ -198,20 +197,20 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::ma
 template <class K, class V>
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::map<K, V>>& item)
 {
-    const ArchiveSectionManager section(archive, item.getName());
-    const ArchiveSectionManager typeSection(archive, "map");
-    ovUInt32 size = 0;
-    archive >> makeIItem("size", size);
-    archive.checkRemainingSize(size, details::g_minItemSize);
     std::map<K, V> entries;
-    for (ovUInt32 i = 0; i < size; ++i)
     {
-        K key{};
-        V value{};
-        archive >> makeIItem("key", key);
-        archive >> makeIItem("value", value);
-        const bool bInserted = entries.emplace(std::move(key), std::move(value)).second;
-        OVRIXSERIALIZATION_RAISE_UNLESS(bInserted, 24, archive.getSectionPath());
+        const ArchiveSectionManager section(archive, item.getName());
+        const ArchiveSectionManager typeSection(archive, "map");
+        const std::size_t size = details::readContainerSize(archive);
+        for (std::size_t i = 0; i < size; ++i)
+        {
+            K key{};
+            V value{};
+            archive >> makeIItem("key", key);
+            archive >> makeIItem("value", value);
+            entries.emplace_hint(entries.end(), std::move(key), std::move(value));
+            OVRIXSERIALIZATION_RAISE_UNLESS(entries.size() == i + 1, 24, archive.getSectionPath());
+        }
     }
     item.getValue().swap(entries);
     return archive;

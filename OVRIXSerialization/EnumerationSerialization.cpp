@@ -11,18 +11,18 @@ const char* EnumerationNames::findName(int value) const
     return value >= 0 && static_cast<std::size_t>(value) < _nbNames ? _names[value] : nullptr;
 }
 
-void EnumerationNames::writeValue(BaseOArchive& archive, const std::string& name, int value) const
+void EnumerationNames::writeValue(BaseOArchive& archive, std::string_view name, int value) const
 {
     const char* const valueName = findName(value);
     if (!valueName)
         throw std::logic_error("Enumeration value " + std::to_string(value) + " is out of range");
     if (archive.isText())
-        archive.writeItem(name, std::string(valueName));
+        archive.writeItem(name, valueName);
     else
         archive.writeItem(name, value);
 }
 
-int EnumerationNames::readValue(BaseIArchive& archive, const std::string& name) const
+int EnumerationNames::readValue(BaseIArchive& archive, std::string_view name) const
 {
     int value = 0;
     if (!archive.isText())

@@ -4,7 +4,7 @@
 #include <OVRIXSerialization/SerializationItem.h>
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 
 namespace ovrix
 {
@@ -48,8 +48,8 @@ public:
 
 private:
     const char* findName(int value) const;
-    void writeValue(BaseOArchive& archive, const std::string& name, int value) const;
-    int readValue(BaseIArchive& archive, const std::string& name) const;
+    void writeValue(BaseOArchive& archive, std::string_view name, int value) const;
+    int readValue(BaseIArchive& archive, std::string_view name) const;
 
     const char* const* _names;
     std::size_t _nbNames;

@@ -7,7 +7,7 @@ namespace ovrix
 namespace details
 {
 
-void writeClassVersion(BaseOArchive& archive, const std::string& className, ovUInt32 version)
+void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version)
 {
     if (archive.isClassVersionRegistred(className))
         return;
@@ -16,14 +16,14 @@ void writeClassVersion(BaseOArchive& archive, const std::string& className, ovUI
     archive.registerClassVersion(className, version);
 }
 
-void readClassVersion(BaseIArchive& archive, const std::string& className, ovUInt32 version)
+void readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 version)
 {
     if (archive.isClassVersionRegistred(className))
         return;
     const ArchiveSectionManager section(archive, className);
     ovUInt32 archiveVersion = 0;
     archive >> makeIItem("version", archiveVersion);
-    OVRIXSERIALIZATION_RAISE_UNLESS(archiveVersion <= version, 25, archiveVersion, className, version);
+    OVRIXSERIALIZATION_RAISE_UNLESS(archiveVersion <= version, 25, archiveVersion, std::string(className), version);
     archive.registerClassVersion(className, archiveVersion);
 }
 

@@ -13,6 +13,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 /// @file
 /// What every serialisable class repeats, written once: a class says its name, its version, its base and its items.
@@ -60,12 +61,12 @@ namespace details
 {
 
 /// Writes the section that holds a class's version, unless the archive has it already.
-OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, const std::string& className, ovUInt32 version);
+OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version);
 
 /// Reads the section that holds a class's version, unless the archive has been asked for it already.
 ///
 /// @throws OVRIXSerializationException when the archive's version is newer than `version`
-OVRIXSERIALIZATION_EXPORT void readClassVersion(BaseIArchive& archive, const std::string& className, ovUInt32 version);
+OVRIXSERIALIZATION_EXPORT void readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 version);
 
 /// Raises the failure of a class that cannot be copied.
 [[noreturn]] OVRIXSERIALIZATION_EXPORT void raiseWithoutCopySupport(const std::string& className);
@@ -98,7 +99,7 @@ struct ItemWriter
     BaseOArchive& archive;
 
     template <class T>
-    void operator()(const std::string& name, const T& value)
+    void operator()(std::string_view name, const T& value)
     {
         archive << SerializationOItem<T>(name, value);
     }
@@ -110,7 +111,7 @@ struct ItemReader
     BaseIArchive& archive;
 
     template <class T>
-    void operator()(const std::string& name, T& value)
+    void operator()(std::string_view name, T& value)
     {
         archive >> SerializationIItem<T>(name, value);
     }
@@ -121,24 +122,28 @@ struct ItemReader
 /// Friend of serialisable classes; reaches what they say of themselves.
 struct SerializableAccess
 {
+    /// Full name of the class.
     template <class Derived>
     static constexpr const char* className()
     {
         return Derived::s_className;
     }
 
+    /// Version of its archive form.
     template <class Derived>
     static constexpr ovUInt32 classVersion()
     {
         return Derived::s_classVersion;
     }
 
+    /// Hands each of its items to `items`.
     template <class Derived, class Items, class Self>
     static void describeItems(Items& items, Self& self)
     {
         Derived::describeItems(items, self);
     }
 
+    /// Copies its members.
     template <class Derived>
     static void copyMembers(Derived& target, const Derived& source)
     {
@@ -169,56 +174,77 @@ public:
         return SerializableAccess::classVersion<Derived>();
     }
 
-    /// Writes the base, the version of the class at its first object in the archive, and the items of the class.
-    BoolResult write(BaseOArchive& archive) const override
+    /// getTypeName().
+    const std::string& getClassName() const override
     {
-        BoolResult result = Base::write(archive);
-        if (!result)
-            return result;
-        details::writeClassVersion(archive, getTypeName(), getVersion());
-        details::ItemWriter items{archive};
-        SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
-        return true;
+        return getTypeName();
     }
+
+    /// Writes the base, the version of the class at its first object in the archive, and the items of the class.
+    BoolResult write(BaseOArchive& archive) const override;
 
     /// Reads what write() wrote, also by an older version of the class.
     ///
     /// @throws OVRIXSerializationException when the archive was written by a newer version of the class
-    BoolResult read(BaseIArchive& archive) override
-    {
-        BoolResult result = Base::read(archive);
-        if (!result)
-            return result;
-        details::readClassVersion(archive, getTypeName(), getVersion());
-        details::ItemReader items{archive};
-        SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
-        return true;
-    }
+    BoolResult read(BaseIArchive& archive) override;
 
 protected:
     using Base::Base;
 };
+
+// The bodies of the next two stand outside of the class, so that they are made in one source file only, where the class
+// describes its items.
+
+template <class Derived, class Base>
+BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const
+{
+    BoolResult result = Base::write(archive);
+    if (!result)
+        return result;
+    details::writeClassVersion(archive, SerializableAccess::className<Derived>(),
+                               SerializableAccess::classVersion<Derived>());
+    details::ItemWriter items{archive};
+    SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
+    return true;
+}
+
+template <class Derived, class Base>
+BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
+{
+    BoolResult result = Base::read(archive);
+    if (!result)
+        return result;
+    details::readClassVersion(archive, SerializableAccess::className<Derived>(),
+                              SerializableAccess::classVersion<Derived>());
+    details::ItemReader items{archive};
+    SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
+    return true;
+}
 
 /// A serialisable class whose objects are shared and never cloned; the base of an abstract one.
 template <class Derived, class Base>
 class UncopiedClass : public SerializableClass<Derived, Base>
 {
 public:
+    /// `false`.
     bool hasCopySupport() const override
     {
         return false;
     }
 
+    /// @throws OVRIXUtilException always
     BaseDynamicObject* duplicate() const override
     {
         details::raiseWithoutCopySupport(Derived::getTypeName());
     }
 
+    /// @throws OVRIXUtilException always
     DynamicObjectPtr duplicateShared() const override
     {
         details::raiseWithoutCopySupport(Derived::getTypeName());
     }
 
+    /// @throws OVRIXUtilException always
     void copy(const BaseDynamicObject&) override
     {
         details::raiseWithoutCopySupport(Derived::getTypeName());
@@ -228,30 +254,15 @@ protected:
     using SerializableClass<Derived, Base>::SerializableClass;
 };
 
-/// A serialisable class whose objects can be copied; what they hold by shared pointer is shared.
+/// A serialisable class whose objects can be copied; what they hold by shared pointer is shared. The base of an abstract
+/// one: a concrete class says how its objects are duplicated.
 template <class Derived, class Base>
 class CopiedClass : public SerializableClass<Derived, Base>
 {
 public:
-    bool hasCopySupport() const override
-    {
-        return true;
-    }
-
-    BaseDynamicObject* duplicate() const override
-    {
-        auto pCopy = std::make_unique<Derived>();
-        pCopy->copy(*this);
-        return pCopy.release();
-    }
-
-    DynamicObjectPtr duplicateShared() const override
-    {
-        const auto pCopy = boost::make_shared<Derived>();
-        pCopy->copy(*this);
-        return pCopy;
-    }
-
+    /// Copies the base and the members of the class.
+    ///
+    /// @throws OVRIXUtilException when `other` is of a foreign class
     void copy(const BaseDynamicObject& other) override
     {
         const auto* const pOther = dynamic_cast<const Derived*>(&other);
@@ -269,26 +280,25 @@ template <class Derived, class Class>
 class CreatableObject : public Class
 {
 public:
+    /// A new object in the state of its default constructor; the caller owns it.
     static Derived* createNewObject()
     {
         return new Derived;
     }
 
+    /// As createNewObject(), in shared ownership.
     static boost::shared_ptr<Derived> createSharedObject()
     {
         return boost::make_shared<Derived>();
     }
 
-    const std::string& getClassName() const override
-    {
-        return Derived::getTypeName();
-    }
-
+    /// createNewObject().
     BaseDynamicObject* createNew() const override
     {
         return createNewObject();
     }
 
+    /// createSharedObject().
     DynamicObjectPtr createShared() const override
     {
         return createSharedObject();
@@ -300,7 +310,34 @@ protected:
 
 /// Base of a concrete serialisable class with copy support.
 template <class Derived, class Base>
-using CopyableObject = CreatableObject<Derived, CopiedClass<Derived, Base>>;
+class CopyableObject : public CreatableObject<Derived, CopiedClass<Derived, Base>>
+{
+public:
+    /// `true`.
+    bool hasCopySupport() const override
+    {
+        return true;
+    }
+
+    /// A new object that copy() has made a copy of this one; the caller owns it.
+    BaseDynamicObject* duplicate() const override
+    {
+        auto pCopy = std::make_unique<Derived>();
+        pCopy->copy(*this);
+        return pCopy.release();
+    }
+
+    /// As duplicate(), in shared ownership.
+    DynamicObjectPtr duplicateShared() const override
+    {
+        const auto pCopy = boost::make_shared<Derived>();
+        pCopy->copy(*this);
+        return pCopy;
+    }
+
+protected:
+    using CreatableObject<Derived, CopiedClass<Derived, Base>>::CreatableObject;
+};
 
 /// Base of a concrete serialisable class without copy support.
 template <class Derived, class Base>

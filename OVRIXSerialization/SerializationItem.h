@@ -7,6 +7,7 @@
 #include <OVRIXUtil/ProcessingResult.h>
 
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 namespace ovrix
@@ -17,20 +18,23 @@ template <class T>
 class SerializationOItem
 {
 public:
-    SerializationOItem(const std::string& name, const T& value) : _name(name), _value(value) {}
+    /// The item of that name and value.
+    SerializationOItem(std::string_view name, const T& value) : _name(name), _value(value) {}
 
-    const std::string& getName() const
+    /// The name.
+    std::string_view getName() const
     {
         return _name;
     }
 
+    /// The value.
     const T& getValue() const
     {
         return _value;
     }
 
 private:
-    const std::string& _name;
+    std::string_view _name;
     const T& _value;
 };
 
@@ -39,81 +43,96 @@ template <class T>
 class SerializationIItem
 {
 public:
-    SerializationIItem(const std::string& name, T& value) : _name(name), _value(value) {}
+    /// The item of that name and place.
+    SerializationIItem(std::string_view name, T& value) : _name(name), _value(value) {}
 
-    const std::string& getName() const
+    /// The name.
+    std::string_view getName() const
     {
         return _name;
     }
 
+    /// The place of the value.
     T& getValue() const
     {
         return _value;
     }
 
 private:
-    const std::string& _name;
+    std::string_view _name;
     T& _value;
 };
 
 /// The item of that name and value, to be used within one expression: `archive << makeOItem("size", size)`.
 template <class T>
-SerializationOItem<T> makeOItem(const std::string& name, const T& value)
+SerializationOItem<T> makeOItem(std::string_view name, const T& value)
 {
     return SerializationOItem<T>(name, value);
 }
 
 /// The item of that name and place, to be used within one expression: `archive >> makeIItem("size", size)`.
 template <class T>
-SerializationIItem<T> makeIItem(const std::string& name, T& value)
+SerializationIItem<T> makeIItem(std::string_view name, T& value)
 {
     return SerializationIItem<T>(name, value);
 }
 
-/// @name Writing of single values
-/// @{
-OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<bool>& item);
-OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<int>& item);
-OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<unsigned int>& item);
-OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive,
-                                                   const SerializationOItem<unsigned long>& item);
-OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<double>& item);
-OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<std::string>& item);
+namespace details
+{
+
+template <class T, class... Types>
+constexpr bool isOneOf = (std::is_same<T, Types>::value || ...);
+
+/// Types that archives hold as one item.
+template <class T>
+constexpr bool isItemType = isOneOf<T, bool, int, unsigned int, long, unsigned long, double, std::string>;
+
+template <class T>
+constexpr bool isObjectType = std::is_base_of<BaseSerializationObject, T>::value;
+
+} // namespace details
+
+/// Writes a single value: `bool`, `int`, `unsigned int`, `long`, `unsigned long`, `double` or `std::string`.
+template <class T>
+std::enable_if_t<details::isItemType<T>, BaseOArchive&> operator<<(BaseOArchive& archive,
+                                                                   const SerializationOItem<T>& item)
+{
+    archive.writeItem(item.getName(), item.getValue());
+    return archive;
+}
+
+/// Reads a single value.
+template <class T>
+std::enable_if_t<details::isItemType<T>, BaseIArchive&> operator>>(BaseIArchive& archive,
+                                                                   const SerializationIItem<T>& item)
+{
+    archive.readItem(item.getName(), item.getValue());
+    return archive;
+}
 
 /// Section of the item's name; items "outcome" and "message".
 OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<BoolResult>& item);
+OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BoolResult>& item);
 
-/// Section of the item's name; in it what the object writes.
+/// Section of the item's name; in it what the object writes. An object that returns failure from `write` or `read`
+/// raises an OVRIXSerializationException.
 OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive,
                                                    const SerializationOItem<BaseSerializationObject>& item);
-/// @}
-
-/// @name Reading of single values
-/// @{
-OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<bool>& item);
-OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<int>& item);
-OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<unsigned int>& item);
-OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive,
-                                                   const SerializationIItem<unsigned long>& item);
-OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<double>& item);
-OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::string>& item);
-OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BoolResult>& item);
 OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive,
                                                    const SerializationIItem<BaseSerializationObject>& item);
-/// @}
 
 /// Objects are written through their base.
 template <class T>
-std::enable_if_t<std::is_base_of<BaseSerializationObject, T>::value, BaseOArchive&>
-operator<<(BaseOArchive& archive, const SerializationOItem<T>& item)
+std::enable_if_t<details::isObjectType<T>, BaseOArchive&> operator<<(BaseOArchive& archive,
+                                                                     const SerializationOItem<T>& item)
 {
     return archive << SerializationOItem<BaseSerializationObject>(item.getName(), item.getValue());
 }
 
 /// Objects are read through their base.
 template <class T>
-std::enable_if_t<std::is_base_of<BaseSerializationObject, T>::value, BaseIArchive&>
-operator>>(BaseIArchive& archive, const SerializationIItem<T>& item)
+std::enable_if_t<details::isObjectType<T>, BaseIArchive&> operator>>(BaseIArchive& archive,
+                                                                     const SerializationIItem<T>& item)
 {
     return archive >> SerializationIItem<BaseSerializationObject>(item.getName(), item.getValue());
 }

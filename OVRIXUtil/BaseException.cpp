@@ -1,12 +1,21 @@
 #include <OVRIXUtil/BaseException.h>
 
-#include <utility>
-
 namespace ovrix
 {
 
 struct BaseException::Record
 {
+    Record(const std::string& text, const char* functionName, const char* filePath, unsigned int lineNumber)
+        : message(text), function(orEmpty(functionName)), file(orEmpty(filePath)), line(lineNumber)
+    {
+    }
+
+    /// A text that someone else's exception, or a caller without a place, may have left out.
+    static const char* orEmpty(const char* text)
+    {
+        return text != nullptr ? text : "";
+    }
+
     std::string message;
     std::string function;
     std::string file;
@@ -15,20 +24,21 @@ struct BaseException::Record
 };
 
 BaseException::BaseException(const std::string& message, const char* function, const char* file, unsigned int line)
-    : _pRecord(std::make_shared<const Record>(Record{message, function, file, line, nullptr}))
+    : _pRecord(std::make_shared<const Record>(message, function, file, line))
 {
 }
 
 BaseException::BaseException(const std::string& message, const char* function, const char* file, unsigned int line,
                              const BaseException& cause)
-    : _pRecord(
-          std::make_shared<const Record>(Record{message, function, file, line, std::make_shared<BaseException>(cause)}))
 {
+    const auto pRecord = std::make_shared<Record>(message, function, file, line);
+    pRecord->pCause = std::make_shared<const BaseException>(cause);
+    _pRecord = pRecord;
 }
 
 BaseException::BaseException(const std::string& message, const char* function, const char* file, unsigned int line,
                              const std::exception& cause)
-    : BaseException(message, function, file, line, BaseException(cause.what(), "", "", 0))
+    : BaseException(message, function, file, line, BaseException(Record::orEmpty(cause.what()), nullptr, nullptr, 0))
 {
 }
 
@@ -59,7 +69,7 @@ const BaseException* BaseException::getCause() const noexcept
     return _pRecord->pCause.get();
 }
 
-UnHandleException::UnHandleException() : BaseException("Unhandled exception", "", "", 0) {}
+UnHandleException::UnHandleException() : BaseException("Unhandled exception", nullptr, nullptr, 0) {}
 
 UnHandleException::~UnHandleException() = default;
 

@@ -16,8 +16,8 @@ class OVRIXUTIL_EXPORT BaseException : public std::exception
 {
 public:
     /// @param message text of the failure
-    /// @param function full signature of the function whose check failed
-    /// @param file path of its source file
+    /// @param function full signature of the function whose check failed; null counts as empty
+    /// @param file path of its source file; null counts as empty
     /// @param line line of the check
     BaseException(const std::string& message, const char* function, const char* file, unsigned int line);
 

@@ -25,11 +25,13 @@ public:
         DynamicObjectFactory::getInstance().unRegisterClass(T::getTypeName());
     }
 
+    /// A new object of the class; the caller owns it.
     static BaseDynamicObject* newCreatorFcn()
     {
         return new T;
     }
 
+    /// As newCreatorFcn(), in shared ownership.
     static DynamicObjectPtr sharedCreatorFcn()
     {
         return boost::make_shared<T>();

@@ -1,5 +1,7 @@
 #include <OVRIXUtil/FailureFrame.h>
 
+#include <exception>
+
 namespace ovrix
 {
 namespace details
@@ -32,14 +34,30 @@ template <class Cause>
 
 } // namespace
 
-void failWhileProcessingMessage(const FailureSite& site, const BaseException& cause)
+void failWhileProcessingMessage(const FailureSite& site)
 {
-    failWith(site, cause);
+    try
+    {
+        throw;
+    }
+    catch (const BaseException& cause)
+    {
+        failWith(site, cause);
+    }
+    catch (const std::exception& cause)
+    {
+        failWith(site, cause);
+    }
+    catch (...)
+    {
+        failWith(site, UnHandleException());
+    }
 }
 
-void failWhileProcessingMessage(const FailureSite& site, const std::exception& cause)
+void logReport(log4cplus::Logger logger, log4cplus::LogLevel level, const std::string& text, const FailureSite& site)
 {
-    failWith(site, cause);
+    if (logger.isEnabledFor(level))
+        logMessage(logger, level, text, site.file, site.line);
 }
 
 } // namespace details

@@ -10,8 +10,8 @@
 #include <log4cplus/logger.h>
 #include <log4cplus/loglevel.h>
 
-#include <exception>
 #include <string>
+#include <type_traits>
 
 /// @file
 /// The one way in which a failed check leaves a function, for every library of the toolkit.
@@ -48,9 +48,19 @@ struct FailureSite
 OVRIXUTIL_EXPORT void logWithFunction(log4cplus::Logger& logger, int level, const std::string& text, const char* file,
                                       int line, const char* function);
 
-/// Reports that a message could not be built: logs on the root logger and throws a plain BaseException.
-[[noreturn]] OVRIXUTIL_EXPORT void failWhileProcessingMessage(const FailureSite& site, const BaseException& cause);
-[[noreturn]] OVRIXUTIL_EXPORT void failWhileProcessingMessage(const FailureSite& site, const std::exception& cause);
+/// Handler of the guard around a report, to be called while an exception is being handled: logs on the root logger that
+/// a message could not be processed, and throws a plain BaseException with the exception as its cause.
+[[noreturn]] OVRIXUTIL_EXPORT void failWhileProcessingMessage(const FailureSite& site);
+
+/// Logs a text when the logger has the level switched on.
+OVRIXUTIL_EXPORT void logReport(log4cplus::Logger logger, log4cplus::LogLevel level, const std::string& text,
+                                const FailureSite& site);
+
+/// How an argument travels from a check to its report: numbers by value, so that a check keeps none of its variables in
+/// memory for their sake, strings by reference, so that nothing is copied before the guard stands.
+template <class Argument>
+using PassedArgument = std::conditional_t<std::is_scalar<std::decay_t<const Argument>>::value,
+                                          std::decay_t<const Argument>, const Argument&>;
 
 /// The text of a catalogue's entry, its placeholders fed in order.
 template <class Domain, class... Arguments>
@@ -69,46 +79,53 @@ std::string reportMessage(const FailureSite& site, log4cplus::LogLevel level, in
     try
     {
         std::string text = formatMessage<Domain>(Library::getMessages(), id, arguments...);
-        log4cplus::Logger logger = Library::getLogger();
-        if (logger.isEnabledFor(level))
-            logMessage(logger, level, text, site.file, site.line);
+        logReport(Library::getLogger(), level, text, site);
         return text;
-    }
-    catch (const BaseException& cause)
-    {
-        failWhileProcessingMessage(site, cause);
-    }
-    catch (const std::exception& cause)
-    {
-        failWhileProcessingMessage(site, cause);
     }
     catch (...)
     {
-        failWhileProcessingMessage(site, UnHandleException());
+        failWhileProcessingMessage(site);
     }
 }
 
-/// Logs an entry at ERROR and throws it as the library's exception. The arguments come by value, so that a check keeps
-/// none of its variables in memory for their sake.
-template <class Library, class Domain, class... Arguments>
-[[noreturn, gnu::cold, gnu::noinline]] void raise(FailureSite site, int id, Arguments... arguments)
+template <class Library, class Domain, class... Passed>
+[[noreturn, gnu::cold, gnu::noinline]] void raisePassed(const FailureSite& site, int id, Passed... arguments)
 {
     const std::string text = reportMessage<Library, Domain>(site, log4cplus::ERROR_LOG_LEVEL, id, arguments...);
     throw typename Library::Exception(text, site.function, site.file, static_cast<unsigned int>(site.line));
 }
 
-/// Logs an entry at WARN.
-template <class Library, class Domain, class... Arguments>
-[[gnu::cold, gnu::noinline]] void warn(FailureSite site, int id, Arguments... arguments)
+template <class Library, class Domain, class... Passed>
+[[gnu::cold, gnu::noinline]] void warnPassed(const FailureSite& site, int id, Passed... arguments)
 {
     reportMessage<Library, Domain>(site, log4cplus::WARN_LOG_LEVEL, id, arguments...);
 }
 
-/// A failed result that carries the text of an entry; nothing is logged.
-template <class Library, class Domain, class... Arguments>
-[[gnu::cold, gnu::noinline]] BoolResult makeFailure(int id, Arguments... arguments)
+template <class Library, class Domain, class... Passed>
+[[gnu::cold, gnu::noinline]] BoolResult makePassedFailure(int id, Passed... arguments)
 {
     return BoolResult(false, formatMessage<Domain>(Library::getMessages(), id, arguments...));
+}
+
+/// Logs an entry at ERROR and throws it as the library's exception.
+template <class Library, class Domain, class... Arguments>
+[[noreturn, gnu::always_inline]] inline void raise(const FailureSite& site, int id, const Arguments&... arguments)
+{
+    raisePassed<Library, Domain, PassedArgument<Arguments>...>(site, id, arguments...);
+}
+
+/// Logs an entry at WARN.
+template <class Library, class Domain, class... Arguments>
+[[gnu::always_inline]] inline void warn(const FailureSite& site, int id, const Arguments&... arguments)
+{
+    warnPassed<Library, Domain, PassedArgument<Arguments>...>(site, id, arguments...);
+}
+
+/// A failed result that carries the text of an entry; nothing is logged.
+template <class Library, class Domain, class... Arguments>
+[[gnu::always_inline]] inline BoolResult makeFailure(int id, const Arguments&... arguments)
+{
+    return makePassedFailure<Library, Domain, PassedArgument<Arguments>...>(id, arguments...);
 }
 
 } // namespace details
@@ -127,7 +144,10 @@ template <class Library, class Domain, class... Arguments>
     do                                                                                                                 \
     {                                                                                                                  \
         if (!(condition))                                                                                              \
-            ::ovrix::details::raise<library, messages::domain>(OVRIX_FAILURE_SITE, __VA_ARGS__);                       \
+        {                                                                                                              \
+            static constexpr ::ovrix::details::FailureSite g_site = OVRIX_FAILURE_SITE;                                \
+            ::ovrix::details::raise<library, messages::domain>(g_site, __VA_ARGS__);                                   \
+        }                                                                                                              \
     } while (false)
 
 /// Warns with message `id` of `messages`.

@@ -18,13 +18,17 @@ namespace ovrix
 /// const std::string text = (formater[eEstimationMessage::domain(17)] % nbData % nbMinData).string();
 /// ```
 ///
-/// Placeholders follow boost::format. Those that are left unfed come out empty. An unknown domain or id, or one
-/// argument too many, raises an OVRIXUtilException.
+/// Placeholders follow boost::format, in the classic locale whatever the global one is. Those that are left unfed come
+/// out empty. An unknown domain or id, or one argument too many, raises an OVRIXUtilException.
 class OVRIXUTIL_EXPORT LogMessageFormater
 {
 public:
     /// Binds the formatter to a catalogue, which must outlive it.
     explicit LogMessageFormater(const LogMessageManager& manager);
+
+    LogMessageFormater(const LogMessageFormater& other);
+    LogMessageFormater& operator=(const LogMessageFormater& other);
+    ~LogMessageFormater();
 
     /// Selects a text of the catalogue.
     ///
@@ -47,7 +51,7 @@ public:
     template <class T>
     LogMessageFormater& operator%(const T& argument);
 
-    /// The formatted text.
+    /// The text as far as it has been fed; more can be fed afterwards.
     std::string string() const;
 
 private:

@@ -13,15 +13,18 @@ namespace ovrix
 template <class T, bool = std::is_floating_point<T>::value>
 struct NumericLimits
 {
-    static constexpr T s_min = std::numeric_limits<T>::lowest();
-    static constexpr T s_max = std::numeric_limits<T>::max();
+    static constexpr T s_min = std::numeric_limits<T>::lowest(); ///< Smallest value.
+    static constexpr T s_max = std::numeric_limits<T>::max();    ///< Largest value.
 };
 
+/// NumericLimits of a floating type.
 template <class T>
 struct NumericLimits<T, true>
 {
-    static constexpr T s_min = std::numeric_limits<T>::lowest();
-    static constexpr T s_max = std::numeric_limits<T>::max();
+    static_assert(sizeof(T) <= sizeof(double), "s_sqrt_eps is given for float and double");
+
+    static constexpr T s_min = std::numeric_limits<T>::lowest(); ///< Most negative finite value.
+    static constexpr T s_max = std::numeric_limits<T>::max();    ///< Largest finite value.
 
     /// Machine epsilon: the distance from 1 to the next larger value.
     static constexpr T s_eps = std::numeric_limits<T>::epsilon();

@@ -7,6 +7,9 @@ namespace ovrix
 namespace
 {
 
+// Created at load: a logger that is created before its parent hangs below log4cplus's own root.
+const bool g_bBaseLoggerCreated = (getBaseLogger(), true);
+
 /// Whether an event of the logger would reach an appender: its own, or one of a parent that it passes events on to.
 bool hasAppender(log4cplus::Logger logger)
 {

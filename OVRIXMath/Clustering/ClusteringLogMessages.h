@@ -11,6 +11,7 @@ namespace math
 /// Messages of clustering; the texts stand in the source file.
 struct eClusteringMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

@@ -11,6 +11,7 @@ namespace math
 /// Messages of estimation; the texts stand in the source file.
 struct eEstimationMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

@@ -58,6 +58,7 @@ public:
     /// Least weight of an accepted pair; raises Graph message 0 unless initialised.
     ovReal64 getThreshold() const;
 
+    /// @{
     /// The weights of a row, `getNbColumns()` contiguous values through which the caller fills the table.
     ///
     /// The pointer is valid until the next `init` or `clear`; a cleared table gives null.
@@ -65,6 +66,7 @@ public:
     /// @param rowIdx below the number of rows, else raises Graph message 3
     double* getWeights(ovUInt32 rowIdx);
     const double* getWeights(ovUInt32 rowIdx) const;
+    /// @}
 
     /// One weight.
     ///

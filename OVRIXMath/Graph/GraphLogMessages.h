@@ -11,6 +11,7 @@ namespace math
 /// Messages of assignment; the texts stand in the source file.
 struct eGraphMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

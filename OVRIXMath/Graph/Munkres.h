@@ -55,6 +55,7 @@ public:
     /// Number of columns; raises Graph message 0 unless initialised.
     ovUInt32 getNbColumns() const;
 
+    /// @{
     /// The weights of a row, `getNbColumns()` contiguous values through which the caller fills the table.
     ///
     /// The pointer is valid until the next `init` or `clear`; a cleared table gives null. Weights that change after
@@ -63,6 +64,7 @@ public:
     /// @param rowIdx below the number of rows, else raises Graph message 3
     double* getWeights(ovUInt32 rowIdx);
     const double* getWeights(ovUInt32 rowIdx) const;
+    /// @}
 
     /// One weight.
     ///

@@ -52,7 +52,7 @@ bool choleskyInverse(Matrix& A)
     double* const a = A.data().begin();
     if (!factorize(n, a))
         return false;
-    // A factor without a zero on its diagonal can be inverted, so there is no outcome to look at.
+    // The outcome is left alone, and that is meant: a factor with a positive diagonal has an inverse.
     LAPACKE_dpotri(LAPACK_ROW_MAJOR, 'U', static_cast<lapack_int>(n), a, static_cast<lapack_int>(n));
     for (std::size_t r = 0; r < n; ++r)
     {

@@ -11,6 +11,7 @@ namespace math
 /// Messages of linear algebra; the texts stand in the source file.
 struct eLinearAlgebraMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

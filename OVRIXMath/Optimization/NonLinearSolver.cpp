@@ -1,12 +1,13 @@
+#include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXMath/Optimization/NonLinearSolver.h>
 #include <OVRIXMath/Optimization/OptimizationLogMessages.h>
 
+#include <boost/container/small_vector.hpp>
 #include <cminpack.h>
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace ovrix
 {
@@ -88,6 +89,9 @@ Outcome interpret(int info, const Vector& equations)
 }
 
 /// minPackProxy() with the signature that lmder calls: x comes as constant, though it is always storage of the solver.
+///
+/// What a cost function throws unwinds lmder, which holds nothing that would have to be released; code for x86-64 carries
+/// the tables for that in any language.
 int callMinPackProxy(void* p, int m, int n, const double* x, double* fvec, double* fjac, int ldfjac, int iflag)
 {
     return NonLinearSolver::minPackProxy(p, m, n, const_cast<double*>(x), fvec, fjac, ldfjac, iflag);
@@ -109,8 +113,11 @@ OptResult NonLinearSolver::solve(const CostFunctionConstPtr& pCostFunction, cons
     _trialEquations.resize(m, false);
     _jacobian.resize(n, m, false);
 
-    std::vector<int> ipvt(n);
-    std::vector<double> diag(n), qtf(n), wa1(n), wa3(n);
+    boost::container::small_vector<int, 16> ipvt(n, details::uninitialised);
+    details::VectorBuffer diag(n, details::uninitialised);
+    details::VectorBuffer qtf(n, details::uninitialised);
+    details::VectorBuffer wa1(n, details::uninitialised);
+    details::VectorBuffer wa3(n, details::uninitialised);
     constexpr double tol = NumericLimits<double>::s_sqrt_eps;
     const int maxfev = static_cast<int>((n + 1) * _nbMaxIterations);
     int nfev = 0;

@@ -22,8 +22,8 @@ enum eOptStatus : int
 /// Outcome of a minimisation.
 struct OptResult
 {
-    eOptStatus status;
-    std::string msg; ///< the reason in words, from the message catalogue
+    eOptStatus status; ///< how it ended
+    std::string msg;   ///< the reason in words, from the message catalogue
 };
 
 /// Minimises the sum of squares of a cost function's equations by the Levenberg-Marquardt method.
@@ -72,9 +72,9 @@ public:
     /// problem with residuals fails. Texts 17 and 18 end where the reason would stand: the cost function's own text never
     /// reaches them. Both are meant and callers rely on it.
     ///
-    /// Raises Optimization message 5 on a null pointer, 0 on a cost function that is not initialised, and 3 when the size
-    /// of `initParams` is not its number of parameters. What a cost function throws reaches the caller as it is. The
-    /// results then stay cleared.
+    /// Raises Optimization message 5 on a null pointer, 0 on a cost function that is not initialised, and 3 at the first
+    /// evaluation when the size of `initParams` is not its number of parameters. What a cost function throws reaches the
+    /// caller as it is. There is no result then, and the solver may be used again.
     ///
     /// @param pCostFunction the problem; the solver holds it until clearResults()
     /// @param initParams n values. This must not be the vector that getEstimParams() refers to, which is cleared first:

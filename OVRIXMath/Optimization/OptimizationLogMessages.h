@@ -11,6 +11,7 @@ namespace math
 /// Messages of optimisation; the texts stand in the source file.
 struct eOptimizationMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

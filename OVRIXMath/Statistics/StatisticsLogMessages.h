@@ -11,6 +11,7 @@ namespace math
 /// Messages of statistics; the texts stand in the source file.
 struct eStatisticsMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

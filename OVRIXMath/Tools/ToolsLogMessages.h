@@ -11,6 +11,7 @@ namespace math
 /// Messages of the tools; the texts stand in the source file.
 struct eToolsMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <ostream>
 #include <set>
 #include <support/AllocationCount.h>
 #include <support/Builders.h>
@@ -136,6 +137,11 @@ struct ReturnCode
     eOptStatus status;
     const char* msg;
 };
+
+std::ostream& operator<<(std::ostream& stream, const ReturnCode& code)
+{
+    return stream << code.info;
+}
 
 class NonLinearSolverReturnCode : public testing::TestWithParam<ReturnCode>
 {

@@ -289,6 +289,16 @@ public:
                 jacobian[j * parameterStride + i * observationStride] = g[j];
         }
     }
+
+    double computeValue(double x, const double* b) const override
+    {
+        return Formula::value(b, x);
+    }
+
+    void computeGradient(double x, const double* b, double* gradient) const override
+    {
+        Formula::gradient(b, x, gradient);
+    }
 };
 
 template <class Formula>

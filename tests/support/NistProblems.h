@@ -28,6 +28,12 @@ public:
     /// `jacobian[j * parameterStride + i * observationStride] = df/db[j] (b, x[i])`.
     virtual void computeJacobian(const std::vector<double>& x, const double* b, double* jacobian,
                                  std::size_t parameterStride, std::size_t observationStride) const = 0;
+
+    /// `f(b, x)`
+    virtual double computeValue(double x, const double* b) const = 0;
+
+    /// `gradient[j] = df/db[j] (b, x)`
+    virtual void computeGradient(double x, const double* b, double* gradient) const = 0;
 };
 
 /// One data set: observations (x, y), two starting points, and the solution, certified to eleven digits.

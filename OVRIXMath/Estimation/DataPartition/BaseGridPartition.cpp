@@ -59,6 +59,8 @@ void BaseGridPartition::clearDerived()
 std::set<ovUInt32> BaseGridPartition::randomSubSet(ovUInt32 subSetRequestedSize)
 {
     std::set<ovUInt32> indexes;
+    if (_bucketHistogram.size() < subSetRequestedSize)
+        return indexes;
     boost::container::small_vector<ovReal64, 16> usedKeys;
     const boost::random::uniform_real_distribution<ovReal64> shares(0.0, 1.0);
     while (indexes.size() < subSetRequestedSize)

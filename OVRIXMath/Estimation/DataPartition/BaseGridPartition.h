@@ -49,10 +49,13 @@ protected:
     ///
     /// @return failure when there are fewer cells than a sub-set has data
     BoolResult initDerived(const DataSet& dataSet, ovUInt32 subSetRequestedSize) override;
+
+    /// Forgets the cells.
     void clearDerived() override;
 
     /// Draws from RandomUniformGenerator: for each datum a real in [0, 1[ that chooses the cell, again until the cell
-    /// is a new one, then the datum's place within a cell of more than one.
+    /// is a new one, then the datum's place within a cell of more than one. There is nothing to draw, and the set is
+    /// empty, with fewer cells than a sub-set has data: after an initDerived() that failed.
     std::set<ovUInt32> randomSubSet(ovUInt32 subSetRequestedSize) override;
 
     /// Number of grid steps along each axis.

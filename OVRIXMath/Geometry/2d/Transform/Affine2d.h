@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Affine2d : public details::ConcreteTransform2d<Affine2d, details::AffineModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform2dType s_type = eGT2DT_Affine;
 
     /// The neutral element (1, 0, 0, 1, 0, 0), which is the default state, too.

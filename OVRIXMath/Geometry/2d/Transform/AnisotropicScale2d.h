@@ -19,6 +19,7 @@ class OVRIXMATH_EXPORT AnisotropicScale2d
     : public details::ConcreteTransform2d<AnisotropicScale2d, details::AnisotropicScaleModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform2dType s_type = eGT2DT_AnisotropicScale;
 
     /// The neutral element (1, 1), which is the default state, too.

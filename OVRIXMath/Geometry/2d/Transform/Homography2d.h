@@ -19,6 +19,7 @@ namespace transform
 class OVRIXMATH_EXPORT Homography2d : public details::ConcreteTransform2d<Homography2d, details::HomographyModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform2dType s_type = eGT2DT_Homography;
 
     /// (1, 0, 0, 0, 1, 1, 0, 1, 1), which is meant and not the neutral element: the matrix is singular, and after

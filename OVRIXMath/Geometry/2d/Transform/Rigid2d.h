@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Rigid2d : public details::ConcreteTransform2d<Rigid2d, details::RigidModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform2dType s_type = eGT2DT_Rigid;
 
     /// The neutral element (0, 0, 0), which is the default state, too.

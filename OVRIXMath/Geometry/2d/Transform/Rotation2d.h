@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Rotation2d : public details::ConcreteTransform2d<Rotation2d, details::RotationModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform2dType s_type = eGT2DT_Rotation;
 
     /// The neutral element (0), which is the default state, too.

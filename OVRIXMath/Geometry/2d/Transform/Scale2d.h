@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Scale2d : public details::ConcreteTransform2d<Scale2d, details::ScaleModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform2dType s_type = eGT2DT_Scale;
 
     /// (0), which is meant and not the neutral element: after setIdentity() every point collapses to the origin.

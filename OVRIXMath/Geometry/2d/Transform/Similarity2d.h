@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Similarity2d : public details::ConcreteTransform2d<Similarity2d, details::SimilarityModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform2dType s_type = eGT2DT_Similarity;
 
     /// The neutral element (1, 0, 0, 0), which is the default state, too.

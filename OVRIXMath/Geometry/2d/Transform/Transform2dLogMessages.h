@@ -11,6 +11,7 @@ namespace math
 /// Messages of planar transforms; the texts stand in the source file.
 struct eTransform2dMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

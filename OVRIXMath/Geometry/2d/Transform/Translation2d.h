@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Translation2d : public details::ConcreteTransform2d<Translation2d, details::TranslationModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform2dType s_type = eGT2DT_Translation;
 
     /// The neutral element (0, 0), which is the default state, too.

@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Affine3d : public details::ConcreteTransform3d<Affine3d, details::AffineModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform3dType s_type = eGT3DT_Affine;
 
     /// The neutral element (1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0), which is the default state, too.

@@ -19,6 +19,7 @@ class OVRIXMATH_EXPORT AnisotropicScale3d
     : public details::ConcreteTransform3d<AnisotropicScale3d, details::AnisotropicScaleModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform3dType s_type = eGT3DT_AnisotropicScale;
 
     /// The neutral element (1, 1, 1), which is the default state, too.

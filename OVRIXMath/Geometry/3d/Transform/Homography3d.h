@@ -19,6 +19,7 @@ namespace transform
 class OVRIXMATH_EXPORT Homography3d : public details::ConcreteTransform3d<Homography3d, details::HomographyModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform3dType s_type = eGT3DT_Homography;
 
     /// The neutral element of the 4 x 4 identity, which is the default state, too.

@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Rigid3d : public details::ConcreteTransform3d<Rigid3d, details::RigidModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform3dType s_type = eGT3DT_Rigid;
 
     /// The neutral element of six zeros, which is the default state, too.

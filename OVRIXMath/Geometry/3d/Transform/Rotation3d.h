@@ -20,6 +20,7 @@ namespace transform
 class OVRIXMATH_EXPORT Rotation3d : public details::ConcreteTransform3d<Rotation3d, details::RotationModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform3dType s_type = eGT3DT_Rotation;
 
     /// The neutral element (0, 0, 0), which is the default state, too.

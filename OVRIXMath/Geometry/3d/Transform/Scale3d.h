@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Scale3d : public details::ConcreteTransform3d<Scale3d, details::ScaleModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform3dType s_type = eGT3DT_Scale;
 
     /// The neutral element (1), which is the default state, too.

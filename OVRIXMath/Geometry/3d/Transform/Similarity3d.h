@@ -20,11 +20,13 @@ namespace transform
 class OVRIXMATH_EXPORT Similarity3d : public details::ConcreteTransform3d<Similarity3d, details::SimilarityModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform3dType s_type = eGT3DT_Similarity;
 
     /// The neutral element (1, 0, 0, 0, 0, 0, 0), which is the default state, too.
     static Vector getIdentityParams();
 
+    /// The parameters that stand under Inverse above.
     Vector getInvParams() const override;
 
     /// Replaces all parameters but the scale by those that getInvParams() tells.

@@ -11,6 +11,7 @@ namespace math
 /// Messages of spatial transforms; the texts stand in the source file.
 struct eTransform3dMessage
 {
+    /// Number of a message.
     enum domain : int
     {
     };

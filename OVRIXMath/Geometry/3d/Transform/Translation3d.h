@@ -18,6 +18,7 @@ namespace transform
 class OVRIXMATH_EXPORT Translation3d : public details::ConcreteTransform3d<Translation3d, details::TranslationModel>
 {
 public:
+    /// Type under which the factory knows the class.
     static constexpr eGeometricTransform3dType s_type = eGT3DT_Translation;
 
     /// The neutral element (0, 0, 0), which is the default state, too.

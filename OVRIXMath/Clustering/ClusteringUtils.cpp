@@ -1,0 +1,189 @@
+#include <OVRIXMath/Clustering/ClusteringLogMessages.h>
+#include <OVRIXMath/Clustering/ClusteringUtils.h>
+#include <OVRIXMath/OVRIXMathFailure.h>
+#include <OVRIXUtil/RandomUniformGenerator.h>
+
+#include <boost/random/uniform_int_distribution.hpp>
+#include <boost/random/uniform_real_distribution.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ovrix
+{
+namespace math
+{
+namespace clustering
+{
+
+namespace
+{
+
+double squaredDistance(const Vector& a, const Vector& b)
+{
+    const double* pA = a.data().begin();
+    const double* pB = b.data().begin();
+    double sum = 0.0;
+    for (std::size_t j = 0; j < a.size(); ++j)
+    {
+        const double difference = pA[j] - pB[j];
+        sum += difference * difference;
+    }
+    return sum;
+}
+
+} // namespace
+
+ovReal64 computeCompactness(const VectorColl& centers, const VectorColl& data, const UInt32Vector& assignments)
+{
+    double compactness = 0.0;
+    for (std::size_t i = 0; i < data.size(); ++i)
+    {
+        if (assignments[i] < centers.size())
+            compactness += squaredDistance(data[i], centers[assignments[i]]);
+    }
+    return compactness;
+}
+
+ovUInt32 computeAssignment(const VectorColl& centers, const Vector& x)
+{
+    ovUInt32 label = NumericLimits<ovUInt32>::s_max;
+    double best = NumericLimits<double>::s_max;
+    for (std::size_t k = 0; k < centers.size(); ++k)
+    {
+        const double distance = squaredDistance(centers[k], x);
+        if (distance < best)
+        {
+            best = distance;
+            label = static_cast<ovUInt32>(k);
+        }
+    }
+    return label;
+}
+
+ovUInt32 computeClusterPopulation(ovUInt32 clusterIdx, const UInt32Vector& assignments)
+{
+    return static_cast<ovUInt32>(std::count(assignments.begin(), assignments.end(), clusterIdx));
+}
+
+ovReal64 computeClusterStdDev(ovUInt32 clusterIdx, const VectorColl& data, const UInt32Vector& assignments,
+                              const Vector& center)
+{
+    double sum = 0.0;
+    std::size_t population = 0;
+    for (std::size_t i = 0; i < data.size(); ++i)
+    {
+        if (assignments[i] == clusterIdx)
+        {
+            sum += squaredDistance(data[i], center);
+            ++population;
+        }
+    }
+    return population == 0 ? 0.0 : std::sqrt(sum / static_cast<double>(population));
+}
+
+Vector computeClusterCenter(ovUInt32, const VectorColl&, const UInt32Vector&)
+{
+    return Vector();
+}
+
+void computeClustersCenters(ovUInt32 nbClusters, const VectorColl& data, const UInt32Vector& assignments,
+                            VectorColl& centers)
+{
+    const std::size_t dimension = data.empty() ? 0 : data.front().size();
+    centers.assign(nbClusters, Vector(dimension, 0.0));
+    std::vector<std::size_t> populations(nbClusters, 0);
+    for (std::size_t i = 0; i < data.size(); ++i)
+    {
+        const ovUInt32 label = assignments[i];
+        if (label >= nbClusters)
+            continue;
+        double* center = centers[label].data().begin();
+        const double* sample = data[i].data().begin();
+        for (std::size_t j = 0; j < dimension; ++j)
+            center[j] += sample[j];
+        ++populations[label];
+    }
+    for (std::size_t k = 0; k < nbClusters; ++k)
+    {
+        if (populations[k] > 0)
+            centers[k] /= static_cast<double>(populations[k]);
+    }
+}
+
+ovUInt32 computeKMeansAttempt(const VectorColl& data, ovUInt32 nbMaxIteration, VectorColl& centers,
+                              UInt32Vector& assignments)
+{
+    const ovUInt32 nbClusters = static_cast<ovUInt32>(centers.size());
+    assignments.assign(data.size(), nbClusters);
+    if (nbMaxIteration == 0)
+        return 0;
+    if (data.empty())
+        return 1;
+    ovUInt32 iteration = 0;
+    while (true)
+    {
+        bool bChanged = false;
+        for (std::size_t i = 0; i < data.size(); ++i)
+        {
+            const ovUInt32 label = computeAssignment(centers, data[i]);
+            bChanged = bChanged || label != assignments[i];
+            assignments[i] = label;
+        }
+        ++iteration;
+        if (!bChanged)
+            return iteration;
+        computeClustersCenters(nbClusters, data, assignments, centers);
+        if (iteration >= nbMaxIteration)
+            return iteration;
+    }
+}
+
+void generateKMeansPPInit(ovUInt32 nbClusters, const VectorColl& data, VectorColl& centers)
+{
+    centers.clear();
+    const ovUInt32 nbData = static_cast<ovUInt32>(data.size());
+    OVRIXMATH_RAISE_UNLESS(nbClusters <= nbData, eClusteringMessage, 5, nbClusters, nbData);
+    if (nbData == 0)
+        return;
+    centers.reserve(nbClusters);
+    boost::random::mt19937& generator = RandomUniformGenerator::getGen();
+    centers.push_back(data[boost::random::uniform_int_distribution<ovUInt32>(0, nbData - 1)(generator)]);
+    std::vector<double> cumulated(nbData);
+    while (centers.size() < nbClusters)
+    {
+        double total = 0.0;
+        for (std::size_t i = 0; i < nbData; ++i)
+        {
+            total += squaredDistance(data[i], centers.back());
+            cumulated[i] = total;
+        }
+        const double drawn = boost::random::uniform_real_distribution<double>(0.0, total)(generator);
+        std::size_t i = 0;
+        while (drawn > cumulated[i])
+            ++i;
+        centers.push_back(data[i]);
+    }
+}
+
+ovReal64 radialBasisKernelSigmaFromDynamic(const VectorColl& data, ovReal64 factor)
+{
+    const std::size_t dimension = data.empty() ? 0 : data.front().size();
+    double sum = 0.0;
+    for (std::size_t j = 0; j < dimension; ++j)
+    {
+        double minimum = NumericLimits<double>::s_max;
+        double maximum = NumericLimits<double>::s_min;
+        for (const Vector& sample : data)
+        {
+            minimum = std::min(minimum, sample[j]);
+            maximum = std::max(maximum, sample[j]);
+        }
+        sum += maximum - minimum;
+    }
+    return sum * factor;
+}
+
+} // namespace clustering
+} // namespace math
+} // namespace ovrix

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <OVRIXSerialization/StreamWriter.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <ostream>
+
+namespace ovrix
+{
+namespace details
+{
+
+/// Cuts a stream of bytes into the frames of a binary archive. Everything raises when the stream fails.
+class BinaryFrameWriter
+{
+public:
+    /// Writes the header of the archive.
+    explicit BinaryFrameWriter(std::ostream& stream);
+
+    /// Room for `size` bytes, at most s_bufferSize, of which commit() takes those that were filled.
+    char* reserve(std::size_t size)
+    {
+        if (s_bufferSize - _size < size)
+            writeFrame(_pBuffer.get(), _size, 0);
+        return _pBuffer.get() + _size;
+    }
+
+    /// Takes the bytes up to `pEnd`, which lies within the room of the last reserve().
+    void commit(const char* pEnd)
+    {
+        _size = static_cast<std::size_t>(pEnd - _pBuffer.get());
+    }
+
+    /// Writes bytes; many of them go to the stream without a copy.
+    void write(const void* pData, std::size_t size);
+
+    /// Writes the last frame and flushes the stream.
+    void finish();
+
+    /// Frames of single items are made when that many bytes have come together.
+    static constexpr std::size_t s_bufferSize = std::size_t(1) << 16;
+
+private:
+    void writeFrame(const char* pContent, std::size_t size, std::uint32_t flags);
+
+    StreamWriter _stream;
+    std::unique_ptr<char[]> _pBuffer;
+    std::size_t _size = 0;
+    std::uint32_t _frameNumber = 0;
+};
+
+} // namespace details
+} // namespace ovrix

@@ -1,0 +1,280 @@
+#include <OVRIXSerialization/BinaryForm.h>
+#include <OVRIXSerialization/BinaryFrameReader.h>
+#include <OVRIXSerialization/BinaryIArchive.h>
+#include <OVRIXSerialization/MessageQuote.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <deque>
+#include <utility>
+
+namespace ovrix
+{
+
+namespace
+{
+
+/// Bytes of strings and blocks that memory is taken for at a time on an input of unknown length.
+constexpr std::size_t g_sizeStep = 4096;
+
+} // namespace
+
+/// Makes entries of bytes.
+class BinaryIArchive::Decoder
+{
+public:
+    /// What stands before the value of an entry.
+    struct Head
+    {
+        eArchiveEntry type = eAE_ArchiveEnd;
+        const std::string* pName = nullptr;
+        std::size_t blockSize = 0;
+
+        bool is(eArchiveEntry wantedType, std::string_view wantedName) const
+        {
+            return type == wantedType && *pName == wantedName;
+        }
+
+        bool isItem(std::string_view wantedName) const
+        {
+            return getItemTypeName(type) && *pName == wantedName;
+        }
+    };
+
+    Decoder(std::istream& stream, const BaseArchive& archive) : _frames(stream, archive), _archive(archive) {}
+
+    /// The head of the next entry. It stays the next one until consume().
+    const Head& peek()
+    {
+        if (!_bPeeked)
+        {
+            _head = readHead();
+            _bPeeked = true;
+        }
+        return _head;
+    }
+
+    void consume()
+    {
+        _bPeeked = false;
+    }
+
+    template <class T>
+    T readNumber()
+    {
+        const char* p = _frames.take(sizeof(T));
+        if (p)
+            return details::loadLittleEndian<T>(p);
+        char bytes[sizeof(T)];
+        _frames.read(bytes, sizeof(T));
+        return details::loadLittleEndian<T>(bytes);
+    }
+
+    void readString(std::string& value)
+    {
+        const std::uint64_t size = readVarint();
+        checkRest(size, 1);
+        if (const char* const p = _frames.take(size))
+        {
+            value.assign(p, size);
+            return;
+        }
+        std::string text;
+        while (text.size() < size)
+        {
+            const std::size_t begin = text.size();
+            text.resize(begin + std::min(size - begin, std::max(begin, getGrant())));
+            _frames.read(&text[begin], text.size() - begin);
+        }
+        value.swap(text);
+    }
+
+    void read(void* pData, std::size_t size)
+    {
+        _frames.read(pData, size);
+    }
+
+    /// How many bytes memory may be taken for before they are read.
+    std::size_t getGrant() const
+    {
+        return _frames.isLengthKnown() ? _frames.getMaxRest() : std::max(_frames.getFrameRest(), g_sizeStep);
+    }
+
+    /// Checks that so many elements can still follow.
+    void checkRest(std::size_t count, std::size_t elementSize) const
+    {
+        const std::size_t maxCount = _frames.getMaxRest() / elementSize;
+        OVRIXSERIALIZATION_RAISE_UNLESS(count <= maxCount, 6, count, maxCount, _archive.getSectionPath());
+    }
+
+    [[noreturn]] void raiseMalformed(const char* reason) const
+    {
+        details::raise<details::OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
+            OVRIX_FAILURE_SITE, 19, reason, static_cast<unsigned long>(_frames.getOffset()), _archive.getSectionPath());
+    }
+
+private:
+    Head readHead()
+    {
+        Head head;
+        if (_frames.isAtEnd())
+            return head;
+        head.type = details::findEntry(static_cast<char>(readNumber<unsigned char>()));
+        switch (head.type)
+        {
+        case eAE_ArchiveEnd:
+            raiseMalformed("there is an unknown tag");
+        case eAE_SectionEnd:
+            break;
+        case eAE_Block:
+            head.blockSize = readVarint();
+            break;
+        default:
+            head.pName = &readName();
+        }
+        return head;
+    }
+
+    const std::string& readName()
+    {
+        const std::uint64_t number = readVarint();
+        if (number == 0)
+        {
+            std::string name;
+            readString(name);
+            return _names.emplace_back(std::move(name));
+        }
+        if (number > _names.size())
+            raiseMalformed("there is a name number that was given to no name");
+        return _names[number - 1];
+    }
+
+    std::uint64_t readVarint()
+    {
+        std::uint64_t value = 0;
+        for (unsigned int shift = 0; shift < 64; shift += 7)
+        {
+            const std::uint64_t bits = readNumber<unsigned char>();
+            if (shift == 63 && bits > 1)
+                break;
+            value |= (bits & 0x7F) << shift;
+            if (bits < 0x80)
+                return value;
+        }
+        raiseMalformed("there is a number of more than 64 bits");
+    }
+
+    details::BinaryFrameReader _frames;
+    const BaseArchive& _archive;
+    std::deque<std::string> _names;
+    Head _head;
+    bool _bPeeked = false;
+};
+
+BinaryIArchive::BinaryIArchive(std::istream& stream) : BaseIArchive(false), _pDecoder(new Decoder(stream, *this)) {}
+
+BinaryIArchive::~BinaryIArchive() = default;
+
+void BinaryIArchive::readItem(std::string_view name, bool& value)
+{
+    const auto bits = readNumber<unsigned char>(eAE_Bool, name);
+    OVRIXSERIALIZATION_RAISE_UNLESS(bits <= 1, 3, details::quote(name), std::to_string(bits), getItemTypeName(eAE_Bool),
+                                    getSectionPath());
+    value = bits != 0;
+}
+
+void BinaryIArchive::readItem(std::string_view name, int& value)
+{
+    value = static_cast<int>(readNumber<std::uint32_t>(eAE_Int32, name));
+}
+
+void BinaryIArchive::readItem(std::string_view name, unsigned int& value)
+{
+    value = readNumber<std::uint32_t>(eAE_UInt32, name);
+}
+
+void BinaryIArchive::readItem(std::string_view name, long& value)
+{
+    value = static_cast<long>(readNumber<std::uint64_t>(eAE_Int64, name));
+}
+
+void BinaryIArchive::readItem(std::string_view name, unsigned long& value)
+{
+    value = readNumber<std::uint64_t>(eAE_UInt64, name);
+}
+
+void BinaryIArchive::readItem(std::string_view name, double& value)
+{
+    const auto bits = readNumber<std::uint64_t>(eAE_Double, name);
+    std::memcpy(&value, &bits, sizeof(value));
+}
+
+void BinaryIArchive::readItem(std::string_view name, std::string& value)
+{
+    expectItem(eAE_String, name);
+    _pDecoder->readString(value);
+}
+
+void BinaryIArchive::checkRemainingSize(std::size_t count, std::size_t elementSize)
+{
+    _pDecoder->checkRest(count, elementSize);
+}
+
+ArchiveEntry BinaryIArchive::peekEntry()
+{
+    const Decoder::Head& head = _pDecoder->peek();
+    return {head.type, head.pName ? *head.pName : std::string(), head.blockSize};
+}
+
+std::size_t BinaryIArchive::openBlock(std::size_t size)
+{
+    const Decoder::Head& head = _pDecoder->peek();
+    OVRIXSERIALIZATION_RAISE_UNLESS(head.type == eAE_Block && head.blockSize == size, 18, size, describe(peekEntry()),
+                                    getSectionPath());
+    _pDecoder->consume();
+    _pDecoder->checkRest(size, 1);
+    return _pDecoder->getGrant();
+}
+
+void BinaryIArchive::readBlockPart(void* pData, std::size_t size)
+{
+    _pDecoder->read(pData, size);
+}
+
+void BinaryIArchive::processOpenSection(std::string_view name)
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().is(eAE_Section, name), 0, details::quote(name),
+                                    describe(peekEntry()), getSectionPath());
+    _pDecoder->consume();
+}
+
+void BinaryIArchive::processCloseSection()
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().type == eAE_SectionEnd, 14, getSectionPath(),
+                                    describe(peekEntry()));
+    _pDecoder->consume();
+}
+
+void BinaryIArchive::expectItem(eArchiveEntry type, std::string_view name)
+{
+    const Decoder::Head& head = _pDecoder->peek();
+    if (!head.is(type, name))
+    {
+        OVRIXSERIALIZATION_RAISE_UNLESS(head.isItem(name), 1, details::quote(name), describe(peekEntry()),
+                                        getSectionPath());
+        OVRIXSERIALIZATION_RAISE_UNLESS(false, 2, details::quote(name), getItemTypeName(type),
+                                        getItemTypeName(head.type), getSectionPath());
+    }
+    _pDecoder->consume();
+}
+
+template <class T>
+T BinaryIArchive::readNumber(eArchiveEntry type, std::string_view name)
+{
+    expectItem(type, name);
+    return _pDecoder->readNumber<T>();
+}
+
+} // namespace ovrix

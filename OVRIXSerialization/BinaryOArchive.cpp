@@ -1,0 +1,173 @@
+#include <OVRIXSerialization/BinaryForm.h>
+#include <OVRIXSerialization/BinaryFrameWriter.h>
+#include <OVRIXSerialization/BinaryOArchive.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
+
+#include <cstdint>
+#include <cstring>
+#include <deque>
+#include <exception>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+namespace ovrix
+{
+
+/// Makes bytes of entries. Each name stands in the archive once, where it is met first, and is a number from then on.
+class BinaryOArchive::Encoder
+{
+public:
+    explicit Encoder(std::ostream& stream) : _frames(stream) {}
+
+    /// Writes tag and name, and behind them the bytes of an unsigned number.
+    template <class T>
+    void writeNumber(eArchiveEntry type, std::string_view name, T value)
+    {
+        char* p = reserveEntry(type, name, sizeof(T));
+        details::storeLittleEndian(p, value);
+        _frames.commit(p + sizeof(T));
+    }
+
+    /// Writes tag and name.
+    void writeHead(eArchiveEntry type, std::string_view name)
+    {
+        _frames.commit(reserveEntry(type, name, 0));
+    }
+
+    /// Writes a tag and nothing else.
+    void writeTag(eArchiveEntry type)
+    {
+        char* p = _frames.reserve(1);
+        *p++ = details::getTag(type);
+        _frames.commit(p);
+    }
+
+    /// Writes the size of some bytes and the bytes.
+    void writeBytes(const void* pData, std::size_t size)
+    {
+        _frames.commit(details::storeVarint(_frames.reserve(details::g_maxVarintSize), size));
+        _frames.write(pData, size);
+    }
+
+    void finish()
+    {
+        _frames.finish();
+    }
+
+private:
+    /// Stores tag and name; the room behind them holds `valueSize` bytes.
+    char* reserveEntry(eArchiveEntry type, std::string_view name, std::size_t valueSize)
+    {
+        const auto found = _nameNumbers.find(name);
+        if (found == _nameNumbers.end())
+        {
+            writeTag(type);
+            addName(name);
+            return _frames.reserve(valueSize);
+        }
+        char* p = _frames.reserve(1 + details::g_maxVarintSize + valueSize);
+        *p++ = details::getTag(type);
+        return details::storeVarint(p, found->second);
+    }
+
+    /// Writes a new name behind the number 0.
+    void addName(std::string_view name)
+    {
+        _frames.commit(details::storeVarint(_frames.reserve(details::g_maxVarintSize), 0));
+        writeBytes(name.data(), name.size());
+        _names.emplace_back(name);
+        _nameNumbers.emplace(_names.back(), _names.size());
+    }
+
+    details::BinaryFrameWriter _frames;
+    std::deque<std::string> _names;
+    std::unordered_map<std::string_view, std::uint64_t> _nameNumbers;
+};
+
+BinaryOArchive::BinaryOArchive(std::ostream& stream) : BaseOArchive(false), _pEncoder(new Encoder(stream)) {}
+
+BinaryOArchive::~BinaryOArchive()
+{
+    try
+    {
+        if (getSectionDepth() == 0)
+            close();
+    }
+    catch (const std::exception&)
+    {
+        // It has been logged; a destructor can tell no more.
+    }
+}
+
+void BinaryOArchive::writeItem(std::string_view name, bool value)
+{
+    getEncoder().writeNumber(eAE_Bool, name, static_cast<unsigned char>(value));
+}
+
+void BinaryOArchive::writeItem(std::string_view name, int value)
+{
+    getEncoder().writeNumber(eAE_Int32, name, static_cast<std::uint32_t>(value));
+}
+
+void BinaryOArchive::writeItem(std::string_view name, unsigned int value)
+{
+    getEncoder().writeNumber(eAE_UInt32, name, value);
+}
+
+void BinaryOArchive::writeItem(std::string_view name, long value)
+{
+    getEncoder().writeNumber(eAE_Int64, name, static_cast<std::uint64_t>(value));
+}
+
+void BinaryOArchive::writeItem(std::string_view name, unsigned long value)
+{
+    getEncoder().writeNumber(eAE_UInt64, name, value);
+}
+
+void BinaryOArchive::writeItem(std::string_view name, double value)
+{
+    std::uint64_t bits;
+    std::memcpy(&bits, &value, sizeof(bits));
+    getEncoder().writeNumber(eAE_Double, name, bits);
+}
+
+void BinaryOArchive::writeItem(std::string_view name, std::string_view value)
+{
+    getEncoder().writeHead(eAE_String, name);
+    getEncoder().writeBytes(value.data(), value.size());
+}
+
+void BinaryOArchive::writeBlock(const void* pData, std::size_t size)
+{
+    getEncoder().writeTag(eAE_Block);
+    getEncoder().writeBytes(pData, size);
+}
+
+void BinaryOArchive::close()
+{
+    if (!_pEncoder)
+        return;
+    OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() == 0, 22, getSectionPath());
+    // Whatever comes of it, there is no second attempt.
+    const std::unique_ptr<Encoder> pEncoder = std::move(_pEncoder);
+    pEncoder->finish();
+}
+
+void BinaryOArchive::processOpenSection(std::string_view name)
+{
+    getEncoder().writeHead(eAE_Section, name);
+}
+
+void BinaryOArchive::processCloseSection()
+{
+    getEncoder().writeTag(eAE_SectionEnd);
+}
+
+BinaryOArchive::Encoder& BinaryOArchive::getEncoder()
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(_pEncoder, 15);
+    return *_pEncoder;
+}
+
+} // namespace ovrix

@@ -1,0 +1,185 @@
+#include <OVRIXSerialization/ArchiveEntry.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
+#include <OVRIXSerialization/StreamWriter.h>
+#include <OVRIXSerialization/TextForm.h>
+#include <OVRIXSerialization/TextOArchive.h>
+
+#include <pugixml.hpp>
+
+#include <exception>
+#include <new>
+#include <string>
+#include <utility>
+
+namespace ovrix
+{
+
+namespace
+{
+
+/// The parser's library tells by a false value that memory is short.
+void checkMemory(bool bDone)
+{
+    if (!bDone)
+        throw std::bad_alloc();
+}
+
+pugi::xml_node appendElement(pugi::xml_node parent, const char* name)
+{
+    pugi::xml_node element = parent.append_child(name);
+    checkMemory(!element.empty());
+    return element;
+}
+
+void appendAttribute(pugi::xml_node element, const char* name, const std::string& value)
+{
+    checkMemory(element.append_attribute(name).set_value(value.c_str()));
+}
+
+/// Hands what the document makes to a stream.
+class DocumentWriter : public pugi::xml_writer
+{
+public:
+    explicit DocumentWriter(details::StreamWriter& stream) : _stream(stream) {}
+
+    void write(const void* pData, std::size_t size) override
+    {
+        _stream.write(pData, size);
+    }
+
+private:
+    details::StreamWriter& _stream;
+};
+
+} // namespace
+
+/// The archive as a tree.
+class TextOArchive::Document
+{
+public:
+    explicit Document(std::ostream& stream) : _stream(stream)
+    {
+        pugi::xml_node declaration = _document.append_child(pugi::node_declaration);
+        checkMemory(!declaration.empty());
+        appendAttribute(declaration, details::g_textVersion, "1.0");
+        appendAttribute(declaration, "encoding", "UTF-8");
+        _section = appendElement(_document, details::g_textRoot);
+        appendAttribute(_section, details::g_textFormat, details::g_textFormatName);
+        appendAttribute(_section, details::g_textVersion, details::formatValue(details::g_textVersionNumber));
+    }
+
+    void addItem(eArchiveEntry type, std::string_view name, const std::string& text)
+    {
+        const pugi::xml_node item = appendElement(_section, details::g_textItem);
+        appendAttribute(item, details::g_textName, details::escape(name));
+        appendAttribute(item, details::g_textType, getItemTypeName(type));
+        if (!text.empty())
+            checkMemory(item.text().set(text.c_str()));
+    }
+
+    void openSection(std::string_view name)
+    {
+        _section = appendElement(_section, details::g_textSection);
+        appendAttribute(_section, details::g_textName, details::escape(name));
+    }
+
+    void closeSection()
+    {
+        _section = _section.parent();
+    }
+
+    void save()
+    {
+        DocumentWriter writer(_stream);
+        _document.save(writer, "  ", pugi::format_default, pugi::encoding_utf8);
+        _stream.flush();
+    }
+
+private:
+    details::StreamWriter _stream;
+    pugi::xml_document _document;
+    pugi::xml_node _section;
+};
+
+TextOArchive::TextOArchive(std::ostream& stream) : BaseOArchive(true), _pDocument(new Document(stream)) {}
+
+TextOArchive::~TextOArchive()
+{
+    try
+    {
+        if (getSectionDepth() == 0)
+            close();
+    }
+    catch (const std::exception&)
+    {
+        // It has been logged; a destructor can tell no more.
+    }
+}
+
+void TextOArchive::writeItem(std::string_view name, bool value)
+{
+    getDocument().addItem(eAE_Bool, name, details::formatValue(value));
+}
+
+void TextOArchive::writeItem(std::string_view name, int value)
+{
+    getDocument().addItem(eAE_Int32, name, details::formatValue(value));
+}
+
+void TextOArchive::writeItem(std::string_view name, unsigned int value)
+{
+    getDocument().addItem(eAE_UInt32, name, details::formatValue(value));
+}
+
+void TextOArchive::writeItem(std::string_view name, long value)
+{
+    getDocument().addItem(eAE_Int64, name, details::formatValue(value));
+}
+
+void TextOArchive::writeItem(std::string_view name, unsigned long value)
+{
+    getDocument().addItem(eAE_UInt64, name, details::formatValue(value));
+}
+
+void TextOArchive::writeItem(std::string_view name, double value)
+{
+    getDocument().addItem(eAE_Double, name, details::formatValue(value));
+}
+
+void TextOArchive::writeItem(std::string_view name, std::string_view value)
+{
+    getDocument().addItem(eAE_String, name, details::escape(value));
+}
+
+void TextOArchive::writeBlock(const void*, std::size_t)
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(!isText(), 21);
+}
+
+void TextOArchive::close()
+{
+    if (!_pDocument)
+        return;
+    OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() == 0, 22, getSectionPath());
+    // Whatever comes of it, there is no second attempt.
+    const std::unique_ptr<Document> pDocument = std::move(_pDocument);
+    pDocument->save();
+}
+
+void TextOArchive::processOpenSection(std::string_view name)
+{
+    getDocument().openSection(name);
+}
+
+void TextOArchive::processCloseSection()
+{
+    getDocument().closeSection();
+}
+
+TextOArchive::Document& TextOArchive::getDocument()
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(_pDocument, 15);
+    return *_pDocument;
+}
+
+} // namespace ovrix

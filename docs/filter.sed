@@ -1,0 +1,18 @@
+# Blanks what is no part of a reader's interface, unless a comment stands before it: declarations of explicit
+# instantiations, and plain copies. Keeps the numbers of the lines.
+:comment
+/^ *\/\/\//{
+    n
+    /^ *\/\/\//b comment
+    b
+}
+/^extern template/{
+    :instantiation
+    /;/!{
+        N
+        b instantiation
+    }
+    s/[^\n]//g
+}
+/^ *\([A-Za-z0-9]*\)(const \1&[ a-z]*)[a-z =]*;$/s/.*//
+/^ *[A-Za-z0-9]*& operator=(const [A-Za-z0-9]*&[ a-z]*)[a-z =]*;$/s/.*//

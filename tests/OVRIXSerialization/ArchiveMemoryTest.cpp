@@ -1,0 +1,236 @@
+#include <OVRIXSerialization/ContainerSerializationOperators.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdlib>
+#include <map>
+#include <new>
+#include <set>
+#include <sstream>
+#include <string>
+#include <support/ArchiveForms.h>
+#include <support/BinaryArchiveBytes.h>
+#include <support/PipeStream.h>
+#include <vector>
+
+namespace
+{
+
+std::atomic<std::size_t> g_nbAllocations{0};
+std::atomic<std::size_t> g_largestAllocation{0};
+
+void* allocate(std::size_t size)
+{
+    ++g_nbAllocations;
+    g_largestAllocation = std::max<std::size_t>(g_largestAllocation, size);
+    if (void* const p = std::malloc(std::max<std::size_t>(size, 1)))
+        return p;
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+// Every allocation of this program and the libraries it uses is counted.
+
+void* operator new(std::size_t size)
+{
+    return allocate(size);
+}
+
+void* operator new[](std::size_t size)
+{
+    return allocate(size);
+}
+
+void operator delete(void* p) noexcept
+{
+    std::free(p);
+}
+
+void operator delete[](void* p) noexcept
+{
+    std::free(p);
+}
+
+void operator delete(void* p, std::size_t) noexcept
+{
+    std::free(p);
+}
+
+void operator delete[](void* p, std::size_t) noexcept
+{
+    std::free(p);
+}
+
+namespace ovrix
+{
+namespace test
+{
+
+namespace
+{
+
+/// The largest piece of memory that was taken during the call.
+template <class Call>
+std::size_t findLargestAllocation(const Call& call)
+{
+    g_largestAllocation = 0;
+    call();
+    return g_largestAllocation;
+}
+
+/// Reads a value of that type from the bytes, which must raise, from a stream of known length and from one of unknown
+/// length.
+template <class Form, class T>
+void expectRaisesInLittleMemory(const std::string& bytes)
+{
+    std::istringstream file(bytes);
+    PipeStream pipe(bytes);
+    for (std::istream* pStream : {static_cast<std::istream*>(&file), static_cast<std::istream*>(&pipe)})
+    {
+        const auto read = [&]
+        {
+            T value;
+            typename Form::IArchive archive(*pStream);
+            EXPECT_THROW(archive >> makeIItem("value", value), OVRIXSerializationException);
+        };
+        EXPECT_LE(findLargestAllocation(read), 20000u);
+    }
+}
+
+/// Writes a container that claims to have 4 billion elements and holds none.
+template <class Form>
+std::string claimSize(const char* containerName)
+{
+    return writeArchive<Form>(
+        [&](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager item(archive, "value");
+            const ArchiveSectionManager container(archive, containerName);
+            archive << makeOItem("size", 4000000000u);
+        });
+}
+
+using std::string_literals::operator""s;
+
+} // namespace
+
+template <class Form>
+class ArchiveMemory : public ::testing::Test
+{
+};
+
+TYPED_TEST_SUITE(ArchiveMemory, ArchiveForms);
+
+TYPED_TEST(ArchiveMemory, ASizeFieldAloneTakesNoMemory)
+{
+    expectRaisesInLittleMemory<TypeParam, std::vector<double>>(claimSize<TypeParam>("vector"));
+    expectRaisesInLittleMemory<TypeParam, std::vector<bool>>(claimSize<TypeParam>("vector"));
+    expectRaisesInLittleMemory<TypeParam, std::vector<std::string>>(claimSize<TypeParam>("vector"));
+    expectRaisesInLittleMemory<TypeParam, std::set<int>>(claimSize<TypeParam>("set"));
+    expectRaisesInLittleMemory<TypeParam, std::map<int, double>>(claimSize<TypeParam>("map"));
+}
+
+TEST(ArchiveMemory, ABlockThatIsCutTakesNoMemory)
+{
+    const std::string head = "{\0\5value{\0\6vectoru\0\4size\0\x28\x6B\xEE"s; // 4 billion elements
+    const std::string blockHead = "#\x80\xC0\xAF\xA0\x77"s;                   // of 8 bytes each
+    expectRaisesInLittleMemory<BinaryForm, std::vector<double>>(makeBinaryArchive({head + blockHead + "abcdefgh"}));
+}
+
+TEST(ArchiveMemory, AStringThatIsCutTakesNoMemory)
+{
+    expectRaisesInLittleMemory<BinaryForm, std::string>(makeBinaryArchive({"s\0\5value\xFF\xFF\xFF\xFF\x0F"
+                                                                           "abc"s}));
+}
+
+TEST(ArchiveMemory, ANameThatIsCutTakesNoMemory)
+{
+    expectRaisesInLittleMemory<BinaryForm, std::string>(makeBinaryArchive({"s\0\xFF\xFF\xFF\xFF\x0Fvalue"s}));
+}
+
+TEST(ArchiveMemory, AFrameThatIsCutTakesNoMemory)
+{
+    expectRaisesInLittleMemory<BinaryForm, std::string>(makeBinaryHeader() + "\0\0\x10\0"s + "checksum" + "content");
+}
+
+TEST(ArchiveMemory, AVectorIsReadIntoItsOwnMemoryAndAFrame)
+{
+    const std::vector<double> values(1000000, 0.1);
+    const std::string bytes = save<BinaryForm>(values);
+    std::istringstream stream(bytes);
+    std::vector<double> restored;
+    const auto read = [&]
+    {
+        BinaryIArchive archive(stream);
+        archive >> makeIItem("value", restored);
+    };
+    EXPECT_EQ(findLargestAllocation(read), values.size() * sizeof(double));
+    EXPECT_EQ(restored, values);
+}
+
+TEST(ArchiveMemory, AVectorFromAPipeTakesAtMostTwiceItsMemory)
+{
+    const std::vector<double> values(1000000, 0.1);
+    PipeStream stream(save<BinaryForm>(values));
+    std::vector<double> restored;
+    const auto read = [&]
+    {
+        BinaryIArchive archive(stream);
+        archive >> makeIItem("value", restored);
+    };
+    EXPECT_LE(findLargestAllocation(read), 2 * values.size() * sizeof(double));
+    EXPECT_EQ(restored, values);
+}
+
+TEST(ArchiveMemory, WritingItemsTakesNoMemoryPerItem)
+{
+    std::ostringstream stream;
+    stream.str(std::string(4000000, ' '));
+    stream.seekp(0);
+    BinaryOArchive archive(stream);
+    const auto write = [&](int nbItems)
+    {
+        for (int i = 0; i < nbItems; ++i)
+        {
+            const ArchiveSectionManager section(archive, "a section with a long name");
+            archive << makeOItem("an item with a long name", i) << makeOItem("another item with a long name", 0.1 * i);
+        }
+    };
+    write(1);
+    g_nbAllocations = 0;
+    write(100000);
+    EXPECT_EQ(g_nbAllocations, 0u);
+}
+
+TEST(ArchiveMemory, ReadingItemsTakesNoMemoryPerItem)
+{
+    const std::string bytes = writeArchive<BinaryForm>(
+        [](BaseOArchive& archive)
+        {
+            for (int i = 0; i < 100000; ++i)
+            {
+                const ArchiveSectionManager section(archive, "a section with a long name");
+                archive << makeOItem("an item with a long name", i);
+            }
+        });
+    std::istringstream stream(bytes);
+    BinaryIArchive archive(stream);
+    int value = 0;
+    const auto read = [&](int nbItems)
+    {
+        for (int i = 0; i < nbItems; ++i)
+        {
+            const ArchiveSectionManager section(archive, "a section with a long name");
+            archive >> makeIItem("an item with a long name", value);
+        }
+    };
+    read(10000);
+    g_nbAllocations = 0;
+    read(90000);
+    EXPECT_EQ(g_nbAllocations, 0u);
+    EXPECT_EQ(value, 99999);
+}
+
+} // namespace test
+} // namespace ovrix

@@ -1,0 +1,278 @@
+#include <OVRIXSerialization/ArchiveSectionManager.h>
+#include <OVRIXSerialization/ContainerSerializationOperators.h>
+
+#include <fstream>
+#include <sstream>
+#include <streambuf>
+#include <string>
+#include <support/ArchiveForms.h>
+#include <support/ExpectFailure.h>
+#include <support/GoldenArchive.h>
+#include <support/LogCapture.h>
+#include <support/PipeStream.h>
+#include <vector>
+
+namespace ovrix
+{
+namespace test
+{
+
+namespace
+{
+
+const std::string g_notWritten = "Stream has failed, archive can't be written";
+const std::string g_notRead = "Stream has failed, archive can't be read";
+
+/// Takes a number of bytes and fails from then on.
+class FullBuffer : public std::streambuf
+{
+public:
+    explicit FullBuffer(std::size_t capacity) : _rest(capacity) {}
+
+protected:
+    int_type overflow(int_type character) override
+    {
+        if (_rest == 0)
+            return traits_type::eof();
+        --_rest;
+        return traits_type::not_eof(character);
+    }
+
+private:
+    std::size_t _rest;
+};
+
+/// Gives a number of bytes and fails then.
+class BrokenBuffer : public std::streambuf
+{
+public:
+    explicit BrokenBuffer(std::string bytes) : _bytes(std::move(bytes))
+    {
+        setg(&_bytes[0], &_bytes[0], &_bytes[0] + _bytes.size());
+    }
+
+protected:
+    int_type underflow() override
+    {
+        throw std::runtime_error("The device is gone");
+    }
+
+private:
+    std::string _bytes;
+};
+
+} // namespace
+
+template <class Form>
+class ArchiveStream : public ::testing::Test
+{
+};
+
+TYPED_TEST_SUITE(ArchiveStream, ArchiveForms);
+
+TYPED_TEST(ArchiveStream, AFullDeviceRaises)
+{
+    std::ofstream file("/dev/full", std::ios::binary);
+    typename TypeParam::OArchive archive(file);
+    archive << makeOItem("value", 1);
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive.close(); });
+}
+
+TYPED_TEST(ArchiveStream, AFileThatIsNotOpenRaises)
+{
+    std::ofstream file;
+    expectRaises<OVRIXSerializationException>(g_notWritten,
+                                              [&]
+                                              {
+                                                  typename TypeParam::OArchive archive(file);
+                                                  archive << makeOItem("value", 1);
+                                                  archive.close();
+                                              });
+}
+
+TYPED_TEST(ArchiveStream, AFileThatIsClosedMeanwhileRaises)
+{
+    std::ofstream file(keepOutput(std::string("closed") + TypeParam::s_extension, ""), std::ios::binary);
+    typename TypeParam::OArchive archive(file);
+    archive << makeOItem("value", 1);
+    file.close();
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive.close(); });
+}
+
+TYPED_TEST(ArchiveStream, AStreamThatHasFailedBeforeRaises)
+{
+    std::stringstream stream;
+    stream.setstate(std::ios::failbit);
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { typename TypeParam::OArchive archive(stream); });
+    expectRaises<OVRIXSerializationException>(g_notRead, [&] { typename TypeParam::IArchive archive(stream); });
+}
+
+TYPED_TEST(ArchiveStream, AStreamThatFailsHalfWayRaises)
+{
+    const std::string text(100000, 'x');
+    for (const std::size_t capacity : {0, 5, 12, 20, 50, 65550, 100000, 200000})
+    {
+        FullBuffer buffer(capacity);
+        std::ostream stream(&buffer);
+        const auto write = [&]
+        {
+            typename TypeParam::OArchive archive(stream);
+            for (int i = 0; i < 3; ++i)
+                archive << makeOItem("text", text);
+            archive.close();
+        };
+        expectRaises<OVRIXSerializationException>(g_notWritten, write);
+    }
+}
+
+TYPED_TEST(ArchiveStream, AStreamThatThrowsRaisesTheSame)
+{
+    FullBuffer buffer(20);
+    std::ostream stream(&buffer);
+    stream.exceptions(std::ios::badbit | std::ios::failbit);
+    const auto write = [&]
+    {
+        typename TypeParam::OArchive archive(stream);
+        archive << makeOItem("value", 1);
+        archive.close();
+    };
+    expectRaises<OVRIXSerializationException>(g_notWritten, write);
+}
+
+TYPED_TEST(ArchiveStream, TheDestructorCompletesTheArchive)
+{
+    std::ostringstream stream;
+    {
+        typename TypeParam::OArchive archive(stream);
+        archive << makeOItem("value", 7);
+    }
+    EXPECT_EQ(stream.str(), save<TypeParam>(7));
+}
+
+TYPED_TEST(ArchiveStream, TheDestructorLogsAFailureAndDoesNotThrow)
+{
+    const LogCapture log;
+    {
+        std::ofstream file("/dev/full", std::ios::binary);
+        typename TypeParam::OArchive archive(file);
+        archive << makeOItem("value", 7);
+    }
+    EXPECT_EQ(log.getTexts(), std::vector<std::string>{g_notWritten});
+}
+
+TYPED_TEST(ArchiveStream, AnArchiveThatIsLeftByAnExceptionIsNotCompleted)
+{
+    std::ostringstream stream;
+    try
+    {
+        typename TypeParam::OArchive archive(stream);
+        const ArchiveSectionManager section(archive, "section");
+        throw std::runtime_error("left");
+    }
+    catch (const std::runtime_error&)
+    {
+    }
+    EXPECT_THROW(readArchive<TypeParam>(stream.str(), [](BaseIArchive& archive)
+                                        { const ArchiveSectionManager section(archive, "section"); }),
+                 OVRIXSerializationException);
+}
+
+TYPED_TEST(ArchiveStream, ClosingWithAnOpenSectionRaises)
+{
+    std::ostringstream stream;
+    typename TypeParam::OArchive archive(stream);
+    archive.openSection("outer");
+    archive.openSection("inner");
+    expectRaises<OVRIXSerializationException>("Archive can't be closed while section \"/outer/inner\" is open",
+                                              [&] { archive.close(); });
+}
+
+TYPED_TEST(ArchiveStream, ClosingTwiceWritesOnce)
+{
+    std::ostringstream stream;
+    typename TypeParam::OArchive archive(stream);
+    archive << makeOItem("value", 7);
+    archive.close();
+    archive.close();
+    EXPECT_EQ(stream.str(), save<TypeParam>(7));
+}
+
+TYPED_TEST(ArchiveStream, WritingToAClosedArchiveRaises)
+{
+    std::ostringstream stream;
+    typename TypeParam::OArchive archive(stream);
+    archive.close();
+    expectRaises<OVRIXSerializationException>("Archive is closed", [&] { archive << makeOItem("value", 1); });
+    expectRaises<OVRIXSerializationException>("Archive is closed", [&] { archive.openSection("section"); });
+    EXPECT_THROW(archive.writeBlock("a", 1), OVRIXSerializationException);
+}
+
+TYPED_TEST(ArchiveStream, ADirectoryRaises)
+{
+    std::ifstream file("/usr", std::ios::binary);
+    expectRaises<OVRIXSerializationException>(g_notRead, [&] { typename TypeParam::IArchive archive(file); });
+}
+
+TYPED_TEST(ArchiveStream, AFileThatIsMissingRaises)
+{
+    std::ifstream file("/nonexistent/archive", std::ios::binary);
+    expectRaises<OVRIXSerializationException>(g_notRead, [&] { typename TypeParam::IArchive archive(file); });
+}
+
+TYPED_TEST(ArchiveStream, AFileThatCannotBeReadRaises)
+{
+    std::ifstream file("/proc/self/mem", std::ios::binary); // opens, but has nothing to read at its beginning
+    ASSERT_TRUE(file.is_open());
+    expectRaises<OVRIXSerializationException>(g_notRead, [&] { typename TypeParam::IArchive archive(file); });
+}
+
+TYPED_TEST(ArchiveStream, ADeviceThatBreaksHalfWayRaises)
+{
+    const std::string bytes = save<TypeParam>(std::string(1000, 'x'));
+    for (const std::size_t size : {std::size_t(0), std::size_t(5), std::size_t(30), bytes.size() - 1})
+    {
+        BrokenBuffer buffer(bytes.substr(0, size));
+        std::istream stream(&buffer);
+        const auto read = [&]
+        {
+            std::string value;
+            typename TypeParam::IArchive archive(stream);
+            archive >> makeIItem("value", value);
+        };
+        expectRaises<OVRIXSerializationException>(g_notRead, read);
+    }
+}
+
+TYPED_TEST(ArchiveStream, AStreamThatThrowsAtItsEndIsRead)
+{
+    std::istringstream stream(save<TypeParam>(7));
+    stream.exceptions(std::ios::badbit | std::ios::failbit | std::ios::eofbit);
+    int value = 0;
+    typename TypeParam::IArchive archive(stream);
+    archive >> makeIItem("value", value);
+    EXPECT_EQ(value, 7);
+    EXPECT_EQ(archive.peekEntry().type, eAE_ArchiveEnd);
+}
+
+TYPED_TEST(ArchiveStream, APipeIsRead)
+{
+    const std::vector<double> values(100000, 0.1);
+    PipeStream stream(save<TypeParam>(values));
+    std::vector<double> restored;
+    typename TypeParam::IArchive archive(stream);
+    archive >> makeIItem("value", restored);
+    EXPECT_EQ(restored, values);
+}
+
+TYPED_TEST(ArchiveStream, AFileIsRead)
+{
+    const std::string path = keepOutput(std::string("file") + TypeParam::s_extension, save<TypeParam>(7));
+    std::ifstream file(path, std::ios::binary);
+    int value = 0;
+    typename TypeParam::IArchive archive(file);
+    archive >> makeIItem("value", value);
+    EXPECT_EQ(value, 7);
+}
+
+} // namespace test
+} // namespace ovrix

@@ -1,0 +1,234 @@
+#include <OVRIXUtil/BaseDynamicObject.h>
+#include <OVRIXUtil/DynamicObjectFactory.h>
+#include <OVRIXUtil/DynamicRegistrator.h>
+
+#include <memory>
+#include <string>
+#include <support/ExpectFailure.h>
+#include <support/LogCapture.h>
+#include <thread>
+#include <typeinfo>
+#include <vector>
+
+namespace ovrix
+{
+
+namespace
+{
+
+/// A dynamic object without state.
+template <class Derived>
+class StatelessObject : public BaseDynamicObject
+{
+public:
+    const std::string& getClassName() const override
+    {
+        return Derived::getTypeName();
+    }
+
+    BaseDynamicObject* createNew() const override
+    {
+        return new Derived;
+    }
+
+    DynamicObjectPtr createShared() const override
+    {
+        return boost::make_shared<Derived>();
+    }
+
+    bool hasCopySupport() const override
+    {
+        return true;
+    }
+
+    BaseDynamicObject* duplicate() const override
+    {
+        return new Derived;
+    }
+
+    DynamicObjectPtr duplicateShared() const override
+    {
+        return boost::make_shared<Derived>();
+    }
+};
+
+class Apple : public StatelessObject<Apple>
+{
+public:
+    static const std::string& getTypeName()
+    {
+        static const std::string g_typeName = "test::Apple";
+        return g_typeName;
+    }
+};
+
+class Pear : public StatelessObject<Pear>
+{
+public:
+    static const std::string& getTypeName()
+    {
+        static const std::string g_typeName = "test::Pear";
+        return g_typeName;
+    }
+};
+
+/// Records from what it was copied.
+class CopyRecorder : public StatelessObject<CopyRecorder>
+{
+public:
+    static const std::string& getTypeName()
+    {
+        static const std::string g_typeName = "test::CopyRecorder";
+        return g_typeName;
+    }
+
+    void copy(const BaseDynamicObject& other) override
+    {
+        StatelessObject<CopyRecorder>::copy(other);
+        pCopied = &other;
+    }
+
+    const BaseDynamicObject* pCopied = nullptr;
+};
+
+DynamicObjectFactory& getFactory()
+{
+    return DynamicObjectFactory::getInstance();
+}
+
+} // namespace
+
+TEST(DynamicObjectFactory, IsOneForTheProcess)
+{
+    EXPECT_EQ(&DynamicObjectFactory::getInstance(), &DynamicObjectFactory::getInstance());
+}
+
+TEST(DynamicObjectFactory, CreatesARegisteredClassByItsName)
+{
+    const DynamicRegistrator<Apple> apples;
+    const DynamicRegistrator<Pear> pears;
+    const std::unique_ptr<BaseDynamicObject> pApple(getFactory().createNew("test::Apple"));
+    const DynamicObjectPtr pPear = getFactory().createShared("test::Pear");
+    EXPECT_EQ(pApple->getClassName(), "test::Apple");
+    EXPECT_EQ(pPear->getClassName(), "test::Pear");
+}
+
+TEST(DynamicObjectFactory, CreatesANewObjectEachTime)
+{
+    const DynamicRegistrator<Apple> apples;
+    EXPECT_NE(getFactory().createShared("test::Apple"), getFactory().createShared("test::Apple"));
+}
+
+TEST(DynamicObjectFactory, CallsTheCreatorsThatWereRegistered)
+{
+    getFactory().registerClass("test::Fruit", &DynamicRegistrator<Apple>::newCreatorFcn,
+                               &DynamicRegistrator<Pear>::sharedCreatorFcn);
+    const std::unique_ptr<BaseDynamicObject> pNew(getFactory().createNew("test::Fruit"));
+    const DynamicObjectPtr pShared = getFactory().createShared("test::Fruit");
+    getFactory().unRegisterClass("test::Fruit");
+    EXPECT_EQ(pNew->getClassName(), "test::Apple");
+    EXPECT_EQ(pShared->getClassName(), "test::Pear");
+}
+
+TEST(DynamicObjectFactory, TakesTheCreatorsOfTheLastRegistration)
+{
+    getFactory().registerClass("test::Fruit", &DynamicRegistrator<Apple>::newCreatorFcn,
+                               &DynamicRegistrator<Apple>::sharedCreatorFcn);
+    getFactory().registerClass("test::Fruit", &DynamicRegistrator<Pear>::newCreatorFcn,
+                               &DynamicRegistrator<Pear>::sharedCreatorFcn);
+    const DynamicObjectPtr pFruit = getFactory().createShared("test::Fruit");
+    getFactory().unRegisterClass("test::Fruit");
+    EXPECT_EQ(pFruit->getClassName(), "test::Pear");
+}
+
+TEST(DynamicObjectFactory, RaisesForAnUnknownClass)
+{
+    const std::string text = "Class test::Unknown is not registered in the dynamic object factory";
+    test::expectRaises<OVRIXUtilException>(text, [] { getFactory().createNew("test::Unknown"); });
+    test::expectRaises<OVRIXUtilException>(text, [] { getFactory().createShared("test::Unknown"); });
+}
+
+TEST(DynamicObjectFactory, LogsARaiseOnTheLoggerOfItsLibrary)
+{
+    const test::LogCapture capture;
+    EXPECT_THROW(getFactory().createShared("test::Unknown"), OVRIXUtilException);
+    ASSERT_EQ(capture.getLines().size(), 1u);
+    EXPECT_EQ(capture.getLines().front().logger, "OVRIX.OVRIXUtil");
+    EXPECT_EQ(capture.getLines().front().file, "OVRIXUtil/DynamicObjectFactory.cpp");
+}
+
+TEST(DynamicObjectFactory, ForgetsAnUnregisteredClass)
+{
+    getFactory().registerClass("test::Fruit", &DynamicRegistrator<Apple>::newCreatorFcn,
+                               &DynamicRegistrator<Apple>::sharedCreatorFcn);
+    getFactory().unRegisterClass("test::Fruit");
+    EXPECT_FALSE(getFactory().isRegistred("test::Fruit"));
+    EXPECT_THROW(getFactory().createShared("test::Fruit"), OVRIXUtilException);
+}
+
+TEST(DynamicObjectFactory, IgnoresTheUnregistrationOfAnUnknownClass)
+{
+    const DynamicRegistrator<Apple> apples;
+    getFactory().unRegisterClass("test::Unknown");
+    EXPECT_TRUE(getFactory().isRegistred("test::Apple"));
+}
+
+TEST(DynamicObjectFactory, ServesSeveralThreadsAtOnce)
+{
+    const DynamicRegistrator<Apple> apples;
+    std::vector<int> nbCreated(4);
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < nbCreated.size(); ++i)
+    {
+        threads.emplace_back(
+            [&nbCreated, i]
+            {
+                const std::string name = "test::Fruit of thread " + std::to_string(i);
+                for (int round = 0; round < 200; ++round)
+                {
+                    getFactory().registerClass(name, &DynamicRegistrator<Pear>::newCreatorFcn,
+                                               &DynamicRegistrator<Pear>::sharedCreatorFcn);
+                    nbCreated[i] += getFactory().createShared(name)->getClassName() == "test::Pear";
+                    nbCreated[i] += getFactory().createShared("test::Apple")->getClassName() == "test::Apple";
+                    getFactory().unRegisterClass(name);
+                }
+            });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(nbCreated, std::vector<int>(4, 400));
+}
+
+TEST(DynamicRegistrator, RegistersItsClassForAsLongAsItLives)
+{
+    EXPECT_FALSE(getFactory().isRegistred("test::Apple"));
+    {
+        const DynamicRegistrator<Apple> apples;
+        EXPECT_TRUE(getFactory().isRegistred("test::Apple"));
+    }
+    EXPECT_FALSE(getFactory().isRegistred("test::Apple"));
+}
+
+TEST(DynamicRegistrator, CreatesObjectsOfItsClass)
+{
+    const std::unique_ptr<BaseDynamicObject> pNew(DynamicRegistrator<Apple>::newCreatorFcn());
+    const DynamicObjectPtr pShared = DynamicRegistrator<Apple>::sharedCreatorFcn();
+    EXPECT_NE(dynamic_cast<const Apple*>(pNew.get()), nullptr);
+    EXPECT_NE(dynamic_cast<const Apple*>(pShared.get()), nullptr);
+}
+
+TEST(BaseDynamicObject, CopiesThroughCopyInAConstructor)
+{
+    const CopyRecorder source;
+    CopyRecorder target;
+    target.initCtorCopy(source);
+    EXPECT_EQ(target.pCopied, &source);
+}
+
+TEST(BaseDynamicObject, HasNothingOfItsOwnToCopy)
+{
+    Apple target;
+    EXPECT_NO_THROW(target.copy(Pear()));
+}
+
+} // namespace ovrix
