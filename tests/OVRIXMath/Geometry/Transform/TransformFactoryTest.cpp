@@ -1,0 +1,154 @@
+#include <OVRIXMath/Geometry/2d/Transform/TransformRegistrator2d.h>
+#include <OVRIXMath/Geometry/3d/Transform/TransformRegistrator3d.h>
+
+#include <gtest/gtest.h>
+
+#include <support/Builders.h>
+#include <support/ExpectFailure.h>
+#include <support/Transforms.h>
+#include <thread>
+
+namespace ovrix
+{
+namespace math
+{
+namespace transform
+{
+
+template <class Family>
+class TransformFactory : public ::testing::Test
+{
+protected:
+    using Factory = typename Family::Factory;
+    using Type = typename Family::Type;
+    using TransformPtr = boost::shared_ptr<typename Family::Base>;
+
+    static constexpr int s_nbTypes = 8;
+
+    static Type type(int value)
+    {
+        return static_cast<Type>(value);
+    }
+
+    static TransformPtr createNull()
+    {
+        return TransformPtr();
+    }
+};
+
+using Families = ::testing::Types<test::Transforms2d, test::Transforms3d>;
+TYPED_TEST_SUITE(TransformFactory, Families);
+
+TYPED_TEST(TransformFactory, ThereIsOneFactory)
+{
+    typename TypeParam::Factory& factory = TypeParam::Factory::getInstance();
+    EXPECT_EQ(&factory, &TypeParam::Factory::getInstance());
+}
+
+TYPED_TEST(TransformFactory, AllEightTypesAreRegistered)
+{
+    for (int value = 0; value < this->s_nbTypes; ++value)
+        EXPECT_TRUE(TypeParam::Factory::isRegistred(this->type(value)));
+    EXPECT_FALSE(TypeParam::Factory::isRegistred(this->type(this->s_nbTypes)));
+    EXPECT_FALSE(TypeParam::Factory::isRegistred(this->type(-1)));
+}
+
+TYPED_TEST(TransformFactory, KnowsTheNumberOfParametersOfEachType)
+{
+    for (int value = 0; value < this->s_nbTypes; ++value)
+        EXPECT_EQ(TypeParam::Factory::getNbParams(this->type(value)), TypeParam::getNumbersOfParams()[value]);
+}
+
+TYPED_TEST(TransformFactory, CreatesEachTypeInItsDefaultState)
+{
+    for (int value = 0; value < this->s_nbTypes; ++value)
+    {
+        const auto pTransform = TypeParam::Factory::createTransform(this->type(value));
+        EXPECT_EQ(TypeParam::getType(*pTransform), this->type(value));
+        EXPECT_EQ(pTransform->getNbParams(), TypeParam::getNumbersOfParams()[value]);
+        const typename TypeParam::Point point{0.5, -0.25};
+        EXPECT_EQ(TypeParam::apply(*pTransform, point), point);
+    }
+}
+
+TYPED_TEST(TransformFactory, CreatesEachTypeWithParameters)
+{
+    for (int value = 0; value < this->s_nbTypes; ++value)
+    {
+        const Vector params(TypeParam::getNumbersOfParams()[value], 0.5);
+        const auto pTransform = TypeParam::Factory::createTransform(this->type(value), params);
+        EXPECT_EQ(test::toStd(pTransform->getParams()), test::toStd(params));
+    }
+}
+
+TYPED_TEST(TransformFactory, AWrongNumberOfParametersRaises)
+{
+    for (int value = 0; value < this->s_nbTypes; ++value)
+    {
+        const ovUInt32 nbParams = TypeParam::getNumbersOfParams()[value];
+        const std::string text = "Number of parameters " + std::to_string(nbParams + 1) +
+                                 " is not valid for transformation type " + TypeParam::getNames()[value] +
+                                 ", expecting " + std::to_string(nbParams) + " parameters";
+        test::expectMathRaises(
+            text, [&] { TypeParam::Factory::createTransform(this->type(value), Vector(nbParams + 1, 0.0)); });
+    }
+}
+
+TYPED_TEST(TransformFactory, RegisteringATypeAgainRaisesAndKeepsTheFirstEntry)
+{
+    for (int value = 0; value < this->s_nbTypes; ++value)
+    {
+        test::expectMathRaises(
+            "Geometric transformation " + TypeParam::getNames()[value] + " has already been registred",
+            [&] { TypeParam::Factory::registerTransform(this->type(value), 99, &TestFixture::createNull); });
+        EXPECT_EQ(TypeParam::Factory::getNbParams(this->type(value)), TypeParam::getNumbersOfParams()[value]);
+        EXPECT_TRUE(TypeParam::Factory::createTransform(this->type(value)));
+    }
+}
+
+TYPED_TEST(TransformFactory, ATypeThatIsNotRegisteredRaises)
+{
+    const std::string text = "Geometric transformation 8 has not been registred";
+    test::expectMathRaises(text, [&] { TypeParam::Factory::getNbParams(this->type(8)); });
+    test::expectMathRaises(text, [&] { TypeParam::Factory::createTransform(this->type(8)); });
+    test::expectMathRaises(text, [&] { TypeParam::Factory::createTransform(this->type(8), Vector(1, 0.0)); });
+}
+
+TYPED_TEST(TransformFactory, TwoThreadsCreateTransformsAtOnce)
+{
+    const auto createAll = [this] {
+        for (int round = 0; round < 200; ++round)
+        {
+            for (int value = 0; value < this->s_nbTypes; ++value)
+            {
+                const auto type = this->type(value);
+                const Vector params(TypeParam::Factory::getNbParams(type), 1.0);
+                const auto pTransform = TypeParam::Factory::createTransform(type, params);
+                EXPECT_EQ(TypeParam::getType(*pTransform), type);
+                EXPECT_EQ(test::toStd(pTransform->getParams()), test::toStd(params));
+            }
+        }
+    };
+    std::thread first(createAll);
+    std::thread second(createAll);
+    first.join();
+    second.join();
+}
+
+TEST(TransformRegistrator, CreatesADefaultConstructedTransform)
+{
+    const GeometricTransform2dPtr pScale = TransformRegistrator2d<Scale2d>::createShared();
+    EXPECT_EQ(test::toStd(pScale->getParams()), std::vector<double>{1});
+    const GeometricTransform3dPtr pAffine = TransformRegistrator3d<Affine3d>::createShared();
+    EXPECT_EQ(typeid(*pAffine), typeid(Affine3d));
+}
+
+TEST(TransformRegistrator, RegistersOnce)
+{
+    test::expectMathRaises("Geometric transformation eGT2DT_Scale has already been registred",
+                           [] { TransformRegistrator2d<Scale2d>(); });
+}
+
+} // namespace transform
+} // namespace math
+} // namespace ovrix
