@@ -19,40 +19,39 @@
 /// What every serialisable class repeats, written once: a class says its name, its version, its base and its items.
 ///
 /// ```cpp
-/// // Shape.h
-/// class Shape : public CopyableObject<Shape, BaseSerializationObject>
+/// class Lamp : public CopyableObject<Lamp, BaseSerializationObject>
 /// {
 /// public:
-///     Shape();
-///     Shape(const Shape& other);
+///     bool _bOn = false;
+///     double _brightness = 0.0;
 ///
 /// private:
 ///     friend SerializableAccess;
-///     static constexpr const char* s_className = "drawing::Shape";
+///     static constexpr const char* s_className = "house::Lamp";
 ///     static constexpr ovUInt32 s_classVersion = 1;
-///     template <class Items, class Self>
-///     static void describeItems(Items& items, Self& self);
-///     void copyMembers(const Shape& other);
 ///
-///     bool _bFilled = false;
-///     ovUInt32 _colour = 0;
+///     template <class Items, class Self>
+///     static void describeItems(Items& items, Self& self)
+///     {
+///         items("_bOn", self._bOn);
+///         if (self._bOn)
+///             items("_brightness", self._brightness);
+///     }
+///
+///     void copyMembers(const Lamp& other)
+///     {
+///         _bOn = other._bOn;
+///         _brightness = other._brightness;
+///     }
 /// };
 ///
-/// // Shape.cpp
-/// template <class Items, class Self>
-/// void Shape::describeItems(Items& items, Self& self)
-/// {
-///     items("_bFilled", self._bFilled);
-///     if (self._bFilled)
-///         items("_colour", self._colour);
-/// }
-///
-/// static const DynamicRegistrator<Shape> g_classRegistrator;
+/// const DynamicRegistrator<Lamp> g_classRegistrator; // in one source file
 /// ```
 ///
 /// `describeItems` serves both directions: on writing `self` is constant, on reading it is filled, so that a condition
-/// always sees values that have been read before. A class of a shared library adds an explicit instantiation of its
-/// SerializableClass, so that other libraries can derive from it.
+/// always sees values that have been read before. It may be defined in the class's source file; then, and in a shared
+/// library from whose classes others derive, the header declares the class's SerializableClass an `extern template` and
+/// the source file instantiates it.
 
 namespace ovrix
 {

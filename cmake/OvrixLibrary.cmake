@@ -12,6 +12,9 @@ target_compile_options(ovrix_build_options INTERFACE
 if(OVRIX_WARNINGS_AS_ERRORS)
     target_compile_options(ovrix_build_options INTERFACE -Werror)
 endif()
+if(OVRIX_BUILD_FUZZERS)
+    target_compile_options(ovrix_build_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(OVRIX_SANITIZERS)
     target_compile_options(ovrix_build_options INTERFACE
         "-fsanitize=${OVRIX_SANITIZERS}" -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -1,66 +1,14 @@
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 
-#include <algorithm>
-#include <atomic>
-#include <cstdlib>
 #include <map>
-#include <new>
 #include <set>
 #include <sstream>
 #include <string>
+#include <support/AllocationCount.h>
 #include <support/ArchiveForms.h>
 #include <support/BinaryArchiveBytes.h>
 #include <support/PipeStream.h>
 #include <vector>
-
-namespace
-{
-
-std::atomic<std::size_t> g_nbAllocations{0};
-std::atomic<std::size_t> g_largestAllocation{0};
-
-void* allocate(std::size_t size)
-{
-    ++g_nbAllocations;
-    g_largestAllocation = std::max<std::size_t>(g_largestAllocation, size);
-    if (void* const p = std::malloc(std::max<std::size_t>(size, 1)))
-        return p;
-    throw std::bad_alloc();
-}
-
-} // namespace
-
-// Every allocation of this program and the libraries it uses is counted.
-
-void* operator new(std::size_t size)
-{
-    return allocate(size);
-}
-
-void* operator new[](std::size_t size)
-{
-    return allocate(size);
-}
-
-void operator delete(void* p) noexcept
-{
-    std::free(p);
-}
-
-void operator delete[](void* p) noexcept
-{
-    std::free(p);
-}
-
-void operator delete(void* p, std::size_t) noexcept
-{
-    std::free(p);
-}
-
-void operator delete[](void* p, std::size_t) noexcept
-{
-    std::free(p);
-}
 
 namespace ovrix
 {
@@ -74,9 +22,9 @@ namespace
 template <class Call>
 std::size_t findLargestAllocation(const Call& call)
 {
-    g_largestAllocation = 0;
+    resetLargestAllocation();
     call();
-    return g_largestAllocation;
+    return getLargestAllocation();
 }
 
 /// Reads a value of that type from the bytes, which must raise, from a stream of known length and from one of unknown
@@ -198,9 +146,9 @@ TEST(ArchiveMemory, WritingItemsTakesNoMemoryPerItem)
         }
     };
     write(1);
-    g_nbAllocations = 0;
+    const std::size_t nbAllocations = getNbAllocations();
     write(100000);
-    EXPECT_EQ(g_nbAllocations, 0u);
+    EXPECT_EQ(getNbAllocations(), nbAllocations);
 }
 
 TEST(ArchiveMemory, ReadingItemsTakesNoMemoryPerItem)
@@ -226,9 +174,9 @@ TEST(ArchiveMemory, ReadingItemsTakesNoMemoryPerItem)
         }
     };
     read(10000);
-    g_nbAllocations = 0;
+    const std::size_t nbAllocations = getNbAllocations();
     read(90000);
-    EXPECT_EQ(g_nbAllocations, 0u);
+    EXPECT_EQ(getNbAllocations(), nbAllocations);
     EXPECT_EQ(value, 99999);
 }
 

@@ -84,6 +84,25 @@ TEST(BinaryOArchive, ALargeBlockHasFramesOfItsOwn)
     EXPECT_EQ(bytes, makeBinaryArchive({"#\xE0\xA7\x12", block.substr(0, 262144), block.substr(262144), ""}));
 }
 
+TEST(BinaryOArchive, TheExampleOfTheGuideIsWritten)
+{
+    const std::string bytes = writeArchive<BinaryForm>(
+        [](BaseOArchive& archive)
+        {
+            archive << makeOItem("a", 1);
+            const ArchiveSectionManager section(archive, "a");
+        });
+    EXPECT_EQ(bytes, "\x89\x4F\x56\x52\x0D\x0A\x1A\x0A"
+                     "\x01\0\0\0"
+                     "\x0B\0\0\x80"
+                     "\x0F\x66\x6E\x06\xAC\x47\xD4\x80"
+                     "\x69"
+                     "\0\x01\x61"
+                     "\x01\0\0\0"
+                     "\x7B\x01"
+                     "\x7D"s);
+}
+
 TEST(BinaryOArchive, TheStreamCanHoldMoreOnBothSides)
 {
     std::stringstream stream;

@@ -7,12 +7,16 @@ namespace
 {
 
 std::atomic<std::size_t> g_nbAllocations{0};
+std::atomic<std::size_t> g_largestAllocation{0};
 
 } // namespace
 
 void* operator new(std::size_t size)
 {
     g_nbAllocations.fetch_add(1, std::memory_order_relaxed);
+    std::size_t largest = g_largestAllocation.load(std::memory_order_relaxed);
+    while (size > largest && !g_largestAllocation.compare_exchange_weak(largest, size, std::memory_order_relaxed))
+        ;
     if (void* const pMemory = std::malloc(size))
         return pMemory;
     throw std::bad_alloc();
@@ -31,4 +35,14 @@ void operator delete(void* pMemory, std::size_t) noexcept
 std::size_t ovrix::test::getNbAllocations()
 {
     return g_nbAllocations.load(std::memory_order_relaxed);
+}
+
+std::size_t ovrix::test::getLargestAllocation()
+{
+    return g_largestAllocation.load(std::memory_order_relaxed);
+}
+
+void ovrix::test::resetLargestAllocation()
+{
+    g_largestAllocation.store(0, std::memory_order_relaxed);
 }

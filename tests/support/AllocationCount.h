@@ -9,8 +9,14 @@ namespace test
 
 /// Number of calls of `operator new` so far, in the whole program.
 ///
-/// A program that calls this has its `operator new` and `operator delete` replaced by counting ones.
+/// A program that calls a function of this header has its `operator new` and `operator delete` replaced by counting
+/// ones.
 std::size_t getNbAllocations();
+
+/// The largest size that `operator new` has been called with since resetLargestAllocation().
+std::size_t getLargestAllocation();
+
+void resetLargestAllocation();
 
 } // namespace test
 } // namespace ovrix

@@ -1,0 +1,133 @@
+#pragma once
+
+#include <OVRIXMath/Estimation/EstimationResults.h>
+#include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
+#include <OVRIXSerialization/BaseIArchive.h>
+#include <OVRIXSerialization/ContainerSerializationOperators.h>
+#include <OVRIXSerialization/OVRIXSerializationException.h>
+
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+#include <support/PipeStream.h>
+#include <vector>
+
+/// @file
+/// What the fuzz targets do with an input. An OVRIXSerializationException is what broken input ends in; anything else
+/// that is thrown ends the program, which is what a fuzzer looks for.
+
+namespace ovrix
+{
+namespace fuzz
+{
+
+/// Reads a block of any size.
+inline void readBlock(BaseIArchive& archive, std::size_t size)
+{
+    std::string bytes;
+    archive.readArray<char>(size,
+                            [&](std::size_t count)
+                            {
+                                bytes.resize(count);
+                                return &bytes[0];
+                            });
+}
+
+template <class T>
+void readItem(BaseIArchive& archive, const std::string& name)
+{
+    T value{};
+    archive >> makeIItem(name, value);
+}
+
+/// Walks through an archive of unknown content.
+inline void walk(BaseIArchive& archive)
+{
+    while (true)
+    {
+        const ArchiveEntry entry = archive.peekEntry();
+        switch (entry.type)
+        {
+        case eAE_Bool:
+            readItem<bool>(archive, entry.name);
+            break;
+        case eAE_Int32:
+            readItem<int>(archive, entry.name);
+            break;
+        case eAE_UInt32:
+            readItem<unsigned int>(archive, entry.name);
+            break;
+        case eAE_Int64:
+            readItem<long>(archive, entry.name);
+            break;
+        case eAE_UInt64:
+            readItem<unsigned long>(archive, entry.name);
+            break;
+        case eAE_Double:
+            readItem<double>(archive, entry.name);
+            break;
+        case eAE_String:
+            readItem<std::string>(archive, entry.name);
+            break;
+        case eAE_Block:
+            readBlock(archive, entry.blockSize);
+            break;
+        case eAE_Section:
+            archive.openSection(entry.name);
+            break;
+        case eAE_SectionEnd:
+            archive.closeSection();
+            break;
+        case eAE_ArchiveEnd:
+            return;
+        }
+    }
+}
+
+/// Hands a new archive on the bytes to `read`.
+template <class Archive, class Stream, class Read>
+void attempt(const std::string& bytes, const Read& read)
+{
+    try
+    {
+        Stream stream(bytes);
+        Archive archive(stream);
+        read(archive);
+    }
+    catch (const OVRIXSerializationException&)
+    {
+    }
+}
+
+/// Reads the item "value" as a T.
+template <class Archive, class T>
+void readAs(const std::string& bytes)
+{
+    const auto read = [](BaseIArchive& archive) { readItem<T>(archive, "value"); };
+    attempt<Archive, std::istringstream>(bytes, read);
+    attempt<Archive, test::PipeStream>(bytes, read);
+}
+
+/// Reads the bytes as an archive that holds an item "value", for every kind of value that there is.
+template <class Archive>
+void readInEveryWay(const std::string& bytes)
+{
+    attempt<Archive, std::istringstream>(bytes, walk);
+    attempt<Archive, test::PipeStream>(bytes, walk);
+    readAs<Archive, std::string>(bytes);
+    readAs<Archive, BoolResult>(bytes);
+    readAs<Archive, std::vector<double>>(bytes);
+    readAs<Archive, std::vector<bool>>(bytes);
+    readAs<Archive, std::vector<std::string>>(bytes);
+    readAs<Archive, std::set<std::set<unsigned int>>>(bytes);
+    readAs<Archive, std::map<double, std::vector<unsigned int>>>(bytes);
+    readAs<Archive, math::Vector>(bytes);
+    readAs<Archive, math::Matrix>(bytes);
+    readAs<Archive, math::DataPartitionPtr>(bytes);
+    readAs<Archive, math::EstimationConfig>(bytes);
+    readAs<Archive, math::EstimationResults>(bytes);
+}
+
+} // namespace fuzz
+} // namespace ovrix
