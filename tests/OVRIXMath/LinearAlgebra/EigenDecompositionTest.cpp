@@ -762,7 +762,7 @@ TEST(EigenDecompositionAngles3, HaveNoPsiAtANegativeRightAngle)
 
 TEST(EigenDecompositionAngles3, HaveNoPsiNearANegativeRightAngle)
 {
-    const Matrix A = makeMatrix({{3.0, 1e-6, 0.0}, {1e-6, 1.0, 1e-3}, {0.0, 1e-3, 2.0}});
+    const Matrix A = makeMatrix({{3.0, 1e-6, 0.0}, {1e-6, 2.5, 1e-3}, {0.0, 1e-3, 1.0}});
     const Eigen3 eigen = decompose3<double>(A);
     EXPECT_NEAR(eigen.rows(2, 0), 1.0, 1e-9);
     const Angles3 angles = decompose3ToAngles<double>(A);
@@ -775,8 +775,8 @@ TEST(EigenDecompositionAngles3, HaveNoPsiNearANegativeRightAngle)
 
 TEST(EigenDecompositionAngles3, HaveNoPsiNearAPositiveRightAngle)
 {
-    // The lowest eigenvalue is the separate one and stands last, so v2 is minus the first axis.
-    const Matrix A = makeMatrix({{3.0, 1e-6, 0.0}, {1e-6, 2.5, 1e-3}, {0.0, 1e-3, 1.0}});
+    // The lowest eigenvalue is the separate one: v0 is the second axis, v1 minus the third, v2 minus the first.
+    const Matrix A = makeMatrix({{3.0, 1e-6, 0.0}, {1e-6, 1.0, 1e-3}, {0.0, 1e-3, 2.0}});
     const Eigen3 eigen = decompose3<double>(A);
     EXPECT_NEAR(eigen.rows(2, 0), -1.0, 1e-9);
     const Angles3 angles = decompose3ToAngles<double>(A);
