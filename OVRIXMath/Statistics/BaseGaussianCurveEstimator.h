@@ -26,10 +26,12 @@ protected:
     /// Fits ln y = c + sum over k of (bk xk + ak xk^2) by unweighted linear least squares, in one pass over the data.
     ///
     /// Data with y <= 0 are left out. The products of different dimensions are not formed, so for n above 1 the normal
-    /// equations are taken as blocks, one for each dimension: meant, and exact only for data that lie symmetrically.
+    /// equations are taken as blocks, one for each dimension: meant. Exact samples of a curve then give it back where
+    /// those products are 0, on the axes, and need not do so elsewhere.
     ///
     /// @return failure when the equations are not of full rank, and when a fitted ak is not negative; parameters that
     ///         were found before stay in `estimParams` then
+    /// @throws OVRIXMathException when LAPACK refuses a value that is not finite
     BoolResult processEstimation(const DataSet& dataSet, ParameterType& estimParams) override;
 
     /// Residuals y - model(x), in the units of y.

@@ -35,8 +35,7 @@ TEST(GaussianCurveNdEstimator, OfNoDimensionHasResidualsToTheConstant)
 {
     const GaussianCurveNdEstimator estimator(0);
     ResidualsSet residuals(2);
-    test::expectSuccess(
-        estimator.computeResiduals(test::makeDataSet({{1}, {4}}), test::makeVector({2.5}), residuals));
+    test::expectSuccess(estimator.computeResiduals(test::makeDataSet({{1}, {4}}), test::makeVector({2.5}), residuals));
     EXPECT_EQ(test::toStd(residuals), (std::vector<double>{-1.5, 1.5}));
 }
 

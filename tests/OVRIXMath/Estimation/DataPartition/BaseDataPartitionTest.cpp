@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <set>
 #include <support/Builders.h>
-#include <support/DocumentedExample.h>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <support/MockEstimators.h>
 #include <support/RunPartition.h>
 #include <type_traits>
@@ -258,7 +258,10 @@ TEST_F(DataPartition, TheThousandthTrialCanSucceed)
     expectSuccess(_partition.init(2, _data));
     int nbDraws = 0;
     ON_CALL(_partition, randomSubSet)
-        .WillByDefault([&nbDraws](ovUInt32) { return ++nbDraws == 1000 ? Indexes{1, 3} : Indexes(); });
+        .WillByDefault(
+            [&nbDraws](ovUInt32) {
+                return ++nbDraws == 1000 ? Indexes{1, 3} : Indexes();
+            });
     expectSuccess(_partition.createSubSet(_data, _subSet));
     EXPECT_EQ(valuesOf(_subSet), (std::vector<double>{1, 3}));
 }
@@ -334,8 +337,8 @@ TEST(BaseDataPartition, CannotBeCopied)
 
 TEST(BaseDataPartitionExample, IsTheCodeThatTheseTestsCompile)
 {
-    const std::string example = test::readDocumentedExample("OVRIXMath/Estimation/DataPartition/BaseDataPartition.h");
-    EXPECT_NE(test::readProjectFile("tests/support/RunPartition.h").find(example), std::string::npos) << example;
+    EXPECT_THAT(test::readCode("tests/support/RunPartition.h"),
+                testing::HasSubstr(test::readExample("OVRIXMath/Estimation/DataPartition/BaseDataPartition.h")));
 }
 
 TEST(BaseDataPartitionExample, DrawsEachRunOfNeighboursOnce)
