@@ -89,8 +89,8 @@ TYPED_TEST(TransformFactory, AWrongNumberOfParametersRaises)
         const std::string text = "Number of parameters " + std::to_string(nbParams + 1) +
                                  " is not valid for transformation type " + TypeParam::getNames()[value] +
                                  ", expecting " + std::to_string(nbParams) + " parameters";
-        test::expectMathRaises(
-            text, [&] { TypeParam::Factory::createTransform(this->type(value), Vector(nbParams + 1, 0.0)); });
+        test::expectMathRaises(text, [&]
+                               { TypeParam::Factory::createTransform(this->type(value), Vector(nbParams + 1, 0.0)); });
     }
 }
 
@@ -116,7 +116,8 @@ TYPED_TEST(TransformFactory, ATypeThatIsNotRegisteredRaises)
 
 TYPED_TEST(TransformFactory, TwoThreadsCreateTransformsAtOnce)
 {
-    const auto createAll = [this] {
+    const auto createAll = [this]
+    {
         for (int round = 0; round < 200; ++round)
         {
             for (int value = 0; value < this->s_nbTypes; ++value)
