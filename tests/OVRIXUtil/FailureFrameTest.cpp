@@ -299,6 +299,15 @@ TEST(FailureFrame, TakesArgumentsOfAllKinds)
     test::expectRaises<LibraryException>("<literal>", checkWithLiteral);
 }
 
+TEST(FailureFrame, PassesNumbersByValueAndCopiesNoString)
+{
+    EXPECT_TRUE((std::is_same<details::PassedArgument<double>, double>::value));
+    EXPECT_TRUE((std::is_same<details::PassedArgument<unsigned long>, unsigned long>::value));
+    EXPECT_TRUE((std::is_same<details::PassedArgument<const char*>, const char*>::value));
+    EXPECT_TRUE((std::is_same<details::PassedArgument<char[8]>, const char*>::value));
+    EXPECT_TRUE((std::is_same<details::PassedArgument<std::string>, const std::string&>::value));
+}
+
 TEST(FailureFrame, WarnsOnceAtWarnOnTheLoggerOfTheLibraryAndGoesOn)
 {
     const LogCapture capture;
