@@ -6,8 +6,8 @@
 #include <limits>
 #include <support/Builders.h>
 #include <support/CostFunctions.h>
-#include <support/DocumentedExample.h>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <type_traits>
 #include <vector>
 
@@ -41,8 +41,8 @@ BoolResult square(const Vector& params, Vector& equations)
 
 TEST(BaseCostFunction, TheExampleOfTheHeaderCompiles)
 {
-    EXPECT_THAT(test::readProjectFile("tests/support/CostFunctions.h"),
-                HasSubstr(test::readDocumentedExample("OVRIXMath/Optimization/BaseCostFunction.h")));
+    EXPECT_THAT(test::readCode("tests/support/CostFunctions.h"),
+                HasSubstr(test::readExample("OVRIXMath/Optimization/BaseCostFunction.h")));
 }
 
 TEST(BaseCostFunction, TheExampleOfTheHeaderEvaluatesItsModel)

@@ -6,13 +6,11 @@
 #include <cmath>
 #include <limits>
 #include <set>
-#include <sstream>
 #include <stdexcept>
-#include <string>
 #include <support/Builders.h>
 #include <support/CostFunctions.h>
-#include <support/DocumentedExample.h>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <support/LogCapture.h>
 #include <thread>
 #include <vector>
@@ -98,16 +96,6 @@ FreeCostFunctionPtr makeLinearProblem()
                                                 });
 }
 
-/// The lines of an example as they stand in the body of a test.
-std::string indent(const std::string& example)
-{
-    std::istringstream lines(example);
-    std::string indented;
-    for (std::string line; std::getline(lines, line);)
-        indented += "    " + line + '\n';
-    return indented;
-}
-
 void expectNoResult(const NonLinearSolver& solver)
 {
     expectMathRaises(g_noResult, [&] { solver.getNbIteration(); });
@@ -141,8 +129,7 @@ TEST(NonLinearSolver, TheExampleOfTheHeaderCompiles)
         throw std::runtime_error(result.msg);
     const Vector fitted = solver.getEstimParams();
 
-    EXPECT_THAT(test::readProjectFile("tests/OVRIXMath/Optimization/NonLinearSolverTest.cpp"),
-                HasSubstr(indent(test::readDocumentedExample("OVRIXMath/Optimization/NonLinearSolver.h"))));
+    EXPECT_THAT(test::readCode(__FILE__), HasSubstr(test::readExample("OVRIXMath/Optimization/NonLinearSolver.h")));
     EXPECT_NEAR(fitted[0], 8.0, 1e-12);
     EXPECT_NEAR(fitted[1], std::log(2.0), 1e-12);
 }
