@@ -27,6 +27,9 @@ public:
     /// An outcome with a message; a failure carries the formatted text of the message catalogue.
     ProcessingResult(T outcome, std::string message) : _outcome(std::move(outcome)), _message(std::move(message)) {}
 
+    /// A text alone says nothing of the outcome, and would count as `true`.
+    ProcessingResult(const void*) = delete;
+
     /// The outcome.
     operator T() const
     {

@@ -9,7 +9,7 @@ using namespace ovrix::math;
 
 int main()
 {
-    DataSet data(50, Vector(2)); // (x, y) on a bell curve around 4, every fifth of them wrong
+    DataSet data(50, Vector(2, 0.0)); // (x, y) on a bell around 4, every fifth of them wrong
     for (std::size_t i = 0; i < data.size(); ++i)
     {
         const double x = data[i](0) = 0.2 * static_cast<double>(i);

@@ -15,6 +15,7 @@
 #include <fstream>
 #include <iomanip>
 #include <iostream>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <unistd.h>
@@ -196,8 +197,9 @@ void flatten(const Options& options)
     processEstimation(config, pSurface, makeDataSet(photo), results);
     if (const ovrix::BoolResult& status = results.getEstimationStatus(); !status)
     {
-        const bool bEnoughData = results.getNbInputData() >= results.getNbMinDataForRobustEstimation();
-        throw std::runtime_error(status.getMessage() + (bEnoughData ? "; try another --threshold or --outliers" : ""));
+        const ovrix::ovUInt32 nbMinData = results.getNbMinDataForRobustEstimation();
+        const bool bRobust = nbMinData > 0 && results.getNbInputData() >= nbMinData;
+        throw std::runtime_error(status.getMessage() + (bRobust ? "; try another --threshold or --outliers" : ""));
     }
     const bool bRobust = results.hasRobustEstimationDone();
     printFigures(options, results, bRobust ? createRobustEstimator(config, pSurface)->getNbNeededRuns() : 0);

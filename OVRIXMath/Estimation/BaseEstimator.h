@@ -74,14 +74,16 @@ public:
 
     /// Checks, in this order, the number of parameters, the number of data and the size of each datum.
     ///
-    /// @return the first check that fails
+    /// @return the first check that fails, or success
+    /// @throws OVRIXMathException when initBase() has not run
     BoolResult checkData(const DataSet& dataSet, const ParameterType& estimParams) const;
 
     /// Fits the model to all data.
     ///
     /// @param dataSet at least getNbMinRequestedData() data of getDataSize() elements each
     /// @param[in,out] estimParams getNbEstimParams() elements, sized by the caller; untouched when a check fails
-    /// @return the failure of checkData() or that of the model
+    /// @return the failure of checkData() or that of the model, or success
+    /// @throws OVRIXMathException when initBase() has not run, and whatever the model raises
     BoolResult computeEstimation(const DataSet& dataSet, ParameterType& estimParams);
 
     /// Computes the signed residual of each datum.
@@ -89,8 +91,8 @@ public:
     /// @param dataSet as for computeEstimation()
     /// @param estimParams getNbEstimParams() elements
     /// @param[in,out] residuals one element per datum, sized by the caller
-    /// @return the failure of checkData() or that of the model
-    /// @throws OVRIXMathException when `residuals` has another size than a data set that is otherwise good
+    /// @return the failure of checkData() or that of the model, or success
+    /// @throws OVRIXMathException when initBase() has not run; when `residuals` has another size than a data set that is otherwise good
     BoolResult computeResiduals(const DataSet& dataSet, const ParameterType& estimParams,
                                 ResidualsSet& residuals) const;
 

@@ -115,7 +115,9 @@ public:
     /// @param dataSet at least getNbMinDataForRobustEstimation() data of the model's size
     /// @return failure of the checks of the data or of the partition; when too few runs are successful; when every
     ///         score is rejected; when the fit to the inliers fails. The parameters then hold what the last run wrote.
-    /// @throws OVRIXMathException without a model
+    /// @throws OVRIXMathException without a model; and whatever the model or the partition raises, such as LAPACK's
+    ///         refusal of data that are not finite, or of too few inliers in the last fit. The partition then stays
+    ///         initialised.
     BoolResult computeEstimation(const DataSet& dataSet);
 
 protected:
@@ -123,7 +125,7 @@ protected:
 
     /// Sets the model and forgets the results; the `init` of a subclass ends here.
     ///
-    /// @throws OVRIXMathException when the pointer is null
+    /// @throws OVRIXMathException when the pointer is null; when the model is not initialised, which is then kept
     void initBase(const EstimatorPtr& pEstimator);
 
     /// The expected outlier ratio.

@@ -48,7 +48,8 @@ public:
     ~EstimationConfig() override;
 
     /// Makes the object not initialised and resets the Gaussian's sigma and range factor to 0, the permission of plain
-    /// estimation to `true`, the success ratio to 0.99 and the partition to a new AdaptiveGridPartition.
+    /// estimation to `true`, the success ratio to 0.99 and the partition to a new AdaptiveGridPartition. Method, threshold
+    /// and expected outlier ratio stay, and only their getters are closed.
     void clear();
 
     /// @name Choice of the method

@@ -45,7 +45,9 @@ public:
     /// For the estimation driver and for callers that run an estimation on their own.
     /// @{
 
-    /// Makes the object not initialised. Parameters and residuals are zeroed and keep their sizes.
+    /// Makes the object not initialised. Parameters and residuals are zeroed and keep their sizes, the flags are emptied,
+    /// the number of iterations is set to 0 and the configuration is cleared. The counts, the status, the mark of a
+    /// robust fit and the threshold stay, and only their getters are closed.
     void clear();
 
     /// Fills the object with a failure. The arguments must not be parts of this object, which is cleared first.
@@ -160,8 +162,9 @@ public:
 
     /// @}
 
-    /// Number of data that are no outliers. Answers in every state, also of a failed estimation: then it is the number
-    /// of data.
+    /// Number of data less the number of outlier flags that are set. Answers in every state: after a failed estimation
+    /// it is the number of data, after a failed non-linear pass still that of the robust fit, and after clear() the
+    /// number of data of before.
     ovUInt32 getNbInliers() const;
 
 private:

@@ -117,6 +117,9 @@ RobustEstimatorPtr createInitialised(const EstimatorPtr& pEstimator, Arguments..
 RobustEstimatorPtr createByType(const EstimationConfig& config, const EstimatorPtr& pEstimator)
 {
     const eRobustEstimationType type = config.getRobustEstimationType();
+    const bool bRobust = type == eRET_LMS || type == eRET_RANSAC || type == eRET_MSAC || type == eRET_MLESAC;
+    const char* const typeName = getRobustEstimationTypeName(type);
+    OVRIXMATH_RAISE_UNLESS(bRobust, eEstimationMessage, 36, std::string(typeName ? typeName : ""));
     switch (type)
     {
     case eRET_LMS:
@@ -128,12 +131,9 @@ RobustEstimatorPtr createByType(const EstimationConfig& config, const EstimatorP
     case eRET_MLESAC:
         return createInitialised<MLESACRobustEstimator>(
             pEstimator, config.getGaussianSigma(), config.getOutlierThresholdFactor(), config.getOutlierRangeFactor());
-    case eRET_NonRobust:
-        break;
+    default:
+        return nullptr;
     }
-    const char* const typeName = getRobustEstimationTypeName(type);
-    OVRIXMATH_RAISE_UNLESS(false, eEstimationMessage, 36, std::string(typeName ? typeName : ""));
-    return nullptr;
 }
 
 } // namespace

@@ -34,8 +34,10 @@ namespace math
 /// @param config an initialised configuration
 /// @param pEstimator the model
 /// @param dataSet the data, each of the model's data size
-/// @param[out] results the outcome, which also carries every failure that the data cause
-/// @throws OVRIXMathException when the pointer is null or the configuration is not initialised
+/// @param[out] results the outcome, which also carries every failure that the model or the partition returns
+/// @throws OVRIXMathException when the pointer is null, the model or the configuration is not initialised, or the
+///         configuration has no partition; and whatever the model raises, such as LAPACK's refusal of data that are not
+///         finite, or of too few inliers in the last fit
 OVRIXMATH_EXPORT void processEstimation(const EstimationConfig& config, const EstimatorPtr& pEstimator,
                                         const DataSet& dataSet, EstimationResults& results);
 
@@ -59,8 +61,8 @@ OVRIXMATH_EXPORT void processEstimation(const EstimationConfig& config, const Es
 
 /// The robust estimator of a configuration, ready for use and drawing through the configuration's own partition.
 ///
-/// @throws OVRIXMathException when the configuration is not initialised or not of a robust method, or when the pointer
-///         is null
+/// @throws OVRIXMathException when the configuration is not initialised, not of a robust method or without a
+///         partition, when the pointer is null, or when the model is not initialised
 OVRIXMATH_EXPORT RobustEstimatorPtr createRobustEstimator(const EstimationConfig& config,
                                                           const EstimatorPtr& pEstimator);
 

@@ -11,17 +11,15 @@ namespace math
 namespace
 {
 
-/// Brings the smallest values up to `median` before the others and the largest of them to `median`, and the next
-/// smaller one in front of it.
-void selectMedian(ovReal64* first, ovReal64* median, ovReal64* last, bool bOrdered)
+/// Brings the value that a sort would bring to `median` there, and the next smaller one in front of it. What is not a
+/// number comes last.
+void selectMedian(ovReal64* first, ovReal64* median, ovReal64* last, bool bAllNumbers)
 {
-    if (!bOrdered)
-    {
-        // A selection needs an order; a heap stays within its bounds without one.
-        std::partial_sort(first, median + 1, last);
+    ovReal64* const numbersEnd =
+        bAllNumbers ? last : std::partition(first, last, [](ovReal64 value) { return value == value; });
+    if (median >= numbersEnd)
         return;
-    }
-    std::nth_element(first, median, last);
+    std::nth_element(first, median, numbersEnd);
     if (median != first)
         std::iter_swap(std::max_element(first, median), median - 1);
 }
@@ -56,15 +54,15 @@ ovReal64 LMSRobustEstimator::computeScore(const ResidualsSet& residuals)
     _squaredResiduals.resize(nbData, false);
     const ovReal64* const r = residuals.data().begin();
     ovReal64* const squared = _squaredResiduals.data().begin();
-    bool bOrdered = true;
+    bool bAllNumbers = true;
     for (ovUInt32 i = 0; i < nbData; ++i)
     {
         squared[i] = r[i] * r[i];
-        bOrdered &= squared[i] == squared[i];
+        bAllNumbers &= squared[i] == squared[i];
     }
 
     const ovUInt32 medianIndex = nbData / 2;
-    selectMedian(squared, squared + medianIndex, squared + nbData, bOrdered);
+    selectMedian(squared, squared + medianIndex, squared + nbData, bAllNumbers);
     return nbData % 2 != 0 ? squared[medianIndex] : (squared[medianIndex] + squared[medianIndex - 1]) * 0.5;
 }
 

@@ -31,7 +31,7 @@ protected:
     ovReal64 computeOutlierThreshold(ovReal64 bestScore, ovUInt32 nbData, ovUInt32 nbMinRequestedData) const override;
 
     /// Median of the squared residuals, the mean of the two middle ones for an even number of them; no fit is
-    /// rejected.
+    /// rejected. Residuals that are not numbers count as larger than all others.
     ///
     /// @param residuals at least one
     ovReal64 computeScore(const ResidualsSet& residuals) override;

@@ -1,9 +1,11 @@
-#include <OVRIXMath/LinearAlgebra/SingularValueDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/SvdSolver.h>
+#include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXMath/Statistics/BaseGaussianCurveEstimator.h>
 #include <OVRIXMath/Statistics/StatisticsLogMessages.h>
 
 #include <cmath>
+#include <cstddef>
 
 namespace ovrix
 {
@@ -21,8 +23,10 @@ BoolResult BaseGaussianCurveEstimator::processEstimation(const DataSet& dataSet,
 {
     const ovUInt32 nbParams = getNbEstimParams();
     const ovUInt32 nbDims = (nbParams - 1) / 2;
-    Matrix M(nbParams, nbParams, 0.0);
-    Vector v(nbParams, 0.0);
+    details::MatrixBuffer matrix(std::size_t(nbParams) * nbParams, 0.0);
+    details::VectorBuffer v(nbParams, 0.0);
+    const auto M = [&matrix, nbParams](ovUInt32 row, ovUInt32 column) -> ovReal64&
+    { return matrix[std::size_t(row) * nbParams + column]; };
     for (const Vector& datum : dataSet)
     {
         const ovReal64* const d = datum.data().begin();
@@ -31,7 +35,7 @@ BoolResult BaseGaussianCurveEstimator::processEstimation(const DataSet& dataSet,
             continue;
         const ovReal64 logY = std::log(y);
         M(0, 0) += 1.0;
-        v(0) += logY;
+        v[0] += logY;
         for (ovUInt32 k = 0; k < nbDims; ++k)
         {
             const ovReal64 x = d[k];
@@ -41,8 +45,8 @@ BoolResult BaseGaussianCurveEstimator::processEstimation(const DataSet& dataSet,
             M(0, j) += x * x;
             M(i, j) += x * x * x;
             M(j, j) += x * x * x * x;
-            v(i) += logY * x;
-            v(j) += logY * x * x;
+            v[i] += logY * x;
+            v[j] += logY * x * x;
         }
     }
     for (ovUInt32 k = 0; k < nbDims; ++k)
@@ -55,16 +59,16 @@ BoolResult BaseGaussianCurveEstimator::processEstimation(const DataSet& dataSet,
         M(j, i) = M(i, j);
     }
 
-    Vector solution(nbParams);
-    const ovUInt32 rank = svdSolve(M, v, solution);
+    const ovUInt32 rank = details::svdSolveInPlace(nbParams, nbParams, 1, matrix.data(), v.data());
+    const ovReal64* const solution = v.data();
     if (nbParams > rank)
         return failure<eStatisticsMessage>(3, rank, nbParams);
 
-    ovReal64 c = solution(0);
+    ovReal64 c = solution[0];
     for (ovUInt32 k = 0; k < nbDims; ++k)
     {
-        const ovReal64 b = solution(2 * k + 1);
-        const ovReal64 a = solution(2 * k + 2);
+        const ovReal64 b = solution[2 * k + 1];
+        const ovReal64 a = solution[2 * k + 2];
         if (a >= 0.0)
             return failure<eStatisticsMessage>(2);
         estimParams(2 * k + 1) = -b / (a + a);

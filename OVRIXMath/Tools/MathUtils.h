@@ -40,7 +40,7 @@ OVRIXMATH_EXPORT T round(U v);
 /// `v` rounded to T as by round(), limited to the range of T.
 ///
 /// Gives `NumericLimits<T>::s_max` if `v > U(s_max)`, `s_min` if `U(s_min) > v`, otherwise `round<T, U>(v)`; NaN goes to
-/// round(). A floating T limits to its finite range. U(s_max) can lie above s_max when U is `float`:
+/// round(). A floating T limits to its finite range. U(s_max) lies above s_max where U cannot hold s_max:
 /// `saturatedRound<unsigned int, float>(4294967296.f)` passes the first test and wraps to 0 in round(); the other types
 /// give `s_max` there.
 ///

@@ -60,6 +60,12 @@ TEST(ProcessingResult, HoldsOtherOutcomesThanFlags)
     EXPECT_EQ(result.getMessage(), "Seven");
 }
 
+TEST(BoolResult, IsNotMadeOfATextAlone)
+{
+    EXPECT_FALSE((std::is_convertible<const char*, BoolResult>::value));
+    EXPECT_FALSE((std::is_constructible<BoolResult, const char*>::value));
+}
+
 TEST(BoolResult, IsAResultOfAFlag)
 {
     EXPECT_TRUE((std::is_same<BoolResult, ProcessingResult<bool>>::value));

@@ -30,7 +30,7 @@ void expect(bool bHolds, const std::string& statement)
 /// Values of 6 exp(-(x - 4)^2 / 2), every fifth of them wrong.
 DataSet makeBell(std::size_t nbData)
 {
-    DataSet data(nbData, Vector(2));
+    DataSet data(nbData, Vector(2, 0.0));
     for (std::size_t i = 0; i < nbData; ++i)
     {
         const double x = data[i](0) = 0.2 * static_cast<double>(i);

@@ -90,7 +90,8 @@ public:
     ///
     /// @param subSetRequestedSize number of data of a sub-set, at least 1
     /// @param dataSet the data, all of one size
-    /// @return failure with fewer data than a sub-set needs, or when the data cannot be partitioned
+    /// @return failure with fewer data than a sub-set needs, which leaves the object not initialised; or when the data
+    ///         cannot be partitioned, which leaves it initialised with nothing to draw from
     /// @throws OVRIXMathException when `subSetRequestedSize` is 0
     BoolResult init(ovUInt32 subSetRequestedSize, const DataSet& dataSet);
 

@@ -34,7 +34,8 @@ double restatedScore(const ResidualsSet& residuals)
     for (const double r : residuals)
         squares.push_back(r * r);
     const std::size_t medianIndex = squares.size() / 2;
-    std::partial_sort(squares.begin(), squares.begin() + medianIndex + 1, squares.end());
+    const auto isSmaller = [](double a, double b) { return std::isnan(b) ? !std::isnan(a) : a < b; };
+    std::partial_sort(squares.begin(), squares.begin() + medianIndex + 1, squares.end(), isSmaller);
     if (squares.size() % 2 == 1)
         return squares[medianIndex];
     return (squares[medianIndex] + squares[medianIndex - 1]) * 0.5;
@@ -145,7 +146,7 @@ TEST_F(LMSScorer, TheScoreOfRandomResidualsBitByBit)
     }
 }
 
-TEST_F(LMSScorer, TheScoreOfResidualsThatAreNotNumbersIsThatOfThePartialSort)
+TEST_F(LMSScorer, ResidualsThatAreNotNumbersComeLast)
 {
     test::RandomData random(44);
     for (int trial = 0; trial < 2000; ++trial)
