@@ -317,6 +317,35 @@ TEST(DataPartitionSerialization, SubSetsOfAnotherSizeAreRefused)
     expectRefused("BaseDataPartition", reason, replaceInArchive(item + "3", item + "0"));
 }
 
+TEST(DataPartitionSerialization, NoDigitOfAnArchiveLeadsOutOfTheData)
+{
+    // Whatever is read, a sub-set is one of the data, or there is none and it is said why.
+    RegularGridPartition written;
+    initialise(written);
+    draw(written, 4);
+    const std::string archive = save<TextForm>(written);
+    for (std::size_t place = 0; place < archive.size(); ++place)
+    {
+        for (char digit = '0'; digit <= '9' && '0' <= archive[place] && archive[place] <= '9'; ++digit)
+        {
+            std::string changed = archive;
+            changed[place] = digit;
+            RegularGridPartition partition;
+            DataSet subSet;
+            try
+            {
+                load<TextForm>(changed, partition);
+                const bool bDrawn = partition.createSubSet(getData(), subSet);
+                EXPECT_EQ(subSet.size(), bDrawn ? partition.getSubSetRequestedSize() : 0);
+            }
+            catch (const OVRIXSerializationException&)
+            {
+                EXPECT_TRUE(subSet.empty());
+            }
+        }
+    }
+}
+
 TEST(DataPartitionSerialization, AnUnknownTypeIsRefused)
 {
     eDataPartitionType type = eDPT_Adaptive;
