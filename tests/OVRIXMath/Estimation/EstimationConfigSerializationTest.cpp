@@ -209,6 +209,19 @@ TEST(EstimationConfigSerialization, AnUnknownTypeIsRefused)
     EXPECT_THROW(save<BinaryForm>(static_cast<eRobustEstimationType>(-1)), std::logic_error);
 }
 
+TEST(EstimationConfigSerialization, AnInitialisedConfigurationWithoutAPartitionIsRefused)
+{
+    std::string archive = save<TextForm>(EstimationConfig());
+    const std::string item = "name=\"_bInit\" type=\"bool\">";
+    ASSERT_NE(archive.find(item + "false"), std::string::npos);
+    archive.replace(archive.find(item + "false"), item.size() + 5, item + "true");
+    EstimationConfig config = createConfig(eRET_LMS);
+    expectRaises<OVRIXSerializationException>("Object of class ovrix::math::EstimationConfig can't be restored, it has "
+                                              "no data partition, in section \"/value\"",
+                                              [&] { load<TextForm>(archive, config); });
+    expectMathRaises("Estimation configuration has not been initialized", [&] { config.getDataPartitionPtr(); });
+}
+
 TEST(EstimationConfigSerialization, AnObjectThatIsNoPartitionIsRefused)
 {
     std::string archive = save<TextForm>(createConfig(eRET_LMS));
