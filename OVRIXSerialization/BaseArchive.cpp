@@ -4,6 +4,13 @@
 namespace ovrix
 {
 
+namespace
+{
+
+constexpr std::size_t g_maxNameSizeInPath = 200;
+
+} // namespace
+
 BaseArchive::BaseArchive(bool bText) : _bText(bText) {}
 
 BaseArchive::~BaseArchive() = default;
@@ -36,7 +43,10 @@ void BaseArchive::openSection(std::string_view name)
     processOpenSection(name);
     _parentPathSizes.push_back(_sectionPath.size());
     _sectionPath += '/';
-    _sectionPath += name;
+    // A binary archive holds a name once, however often it is used: whole names could grow far beyond the input.
+    _sectionPath += name.substr(0, g_maxNameSizeInPath);
+    if (name.size() > g_maxNameSizeInPath)
+        _sectionPath += "...";
 }
 
 void BaseArchive::closeSection()

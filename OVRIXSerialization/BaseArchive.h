@@ -56,7 +56,7 @@ public:
     std::size_t getSectionDepth() const;
 
     /// Where in the archive one is: "/", or the names of the open sections from the outermost to the current one, each
-    /// behind a "/".
+    /// behind a "/". Of a name above 200 bytes the first 200 stand there, and "...".
     std::string getSectionPath() const;
 
 protected:

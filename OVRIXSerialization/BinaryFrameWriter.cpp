@@ -44,13 +44,17 @@ void BinaryFrameWriter::write(const void* pData, std::size_t size)
     }
     if (_size > 0)
         writeFrame(_pBuffer.get(), _size, 0);
-    while (size > 0)
+    // The end stays in the buffer: an archive that ends here ends with a frame that its reader needs. One without content
+    // would be left in the stream, where the next archive is expected.
+    while (size > s_bufferSize)
     {
-        const std::size_t part = std::min(size, g_blockFrameSize);
+        const std::size_t part = std::min(size - 1, g_blockFrameSize);
         writeFrame(p, part, 0);
         p += part;
         size -= part;
     }
+    std::copy_n(p, size, _pBuffer.get());
+    _size = size;
 }
 
 void BinaryFrameWriter::finish()

@@ -42,6 +42,7 @@ const bool g_bRegistred = details::registerMessages(
         /* 27 */ "Unknown enumeration value %d",
         /* 28 */ "No section is open that could be closed",
         /* 29 */ "Size %d is more than archives can hold, in section \"%s\"",
+        /* 30 */ "Object of class %s can't be restored, %s, in section \"%s\"",
     });
 
 } // namespace

@@ -52,6 +52,10 @@
 /// always sees values that have been read before. It may be defined in the class's source file; then, and in a shared
 /// library from whose classes others derive, the header declares the class's SerializableClass an `extern template` and
 /// the source file instantiates it.
+///
+/// A class whose items must fit together has a third private function, `void finishRead(const BaseIArchive& archive)`.
+/// It is called when the items have been read, and raises for what no object of the class can be: archives come from
+/// anywhere.
 
 namespace ovrix
 {
@@ -142,6 +146,13 @@ struct SerializableAccess
         Derived::describeItems(items, self);
     }
 
+    /// Has it look at the items that have been read.
+    template <class Derived>
+    static void finishRead(Derived& object, const BaseIArchive& archive)
+    {
+        object.finishRead(archive);
+    }
+
     /// Copies its members.
     template <class Derived>
     static void copyMembers(Derived& target, const Derived& source)
@@ -184,11 +195,15 @@ public:
 
     /// Reads what write() wrote, also by an older version of the class.
     ///
-    /// @throws OVRIXSerializationException when the archive was written by a newer version of the class
+    /// @throws OVRIXSerializationException when the archive was written by a newer version of the class, or holds items
+    ///         that do not fit together
     BoolResult read(BaseIArchive& archive) override;
 
 protected:
     using Base::Base;
+
+    /// What a class does that has no such function of its own: every value is good.
+    void finishRead(const BaseIArchive&) {}
 };
 
 // The bodies of the next two stand outside of the class, so that they are made in one source file only, where the class
@@ -217,6 +232,7 @@ BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
                               SerializableAccess::classVersion<Derived>());
     details::ItemReader items{archive};
     SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
+    SerializableAccess::finishRead(static_cast<Derived&>(*this), archive);
     return true;
 }
 

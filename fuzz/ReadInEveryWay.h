@@ -1,7 +1,10 @@
 #pragma once
 
+#include <OVRIXMath/Estimation/DataPartition/AdaptiveGridPartition.h>
+#include <OVRIXMath/Estimation/DataPartition/RegularGridPartition.h>
 #include <OVRIXMath/Estimation/EstimationResults.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
+#include <OVRIXMath/OVRIXMathException.h>
 #include <OVRIXSerialization/BaseIArchive.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 #include <OVRIXSerialization/OVRIXSerializationException.h>
@@ -109,6 +112,47 @@ void readAs(const std::string& bytes)
     attempt<Archive, test::PipeStream>(bytes, read);
 }
 
+/// Draws sub-sets from a partition that has been restored: all of them, unless they are many.
+inline void drawSubSets(math::BaseDataPartition& partition)
+{
+    const math::DataSet data(8, math::Vector(1, 0.0));
+    math::DataSet subSet;
+    for (int i = 0; i < 100 && partition.createSubSet(data, subSet); ++i)
+    {
+    }
+}
+
+/// Uses what has been restored. A call may raise what it raises on every object in that state.
+template <class Archive, class T, class Use>
+void readAndUse(const std::string& bytes, const Use& use)
+{
+    T value{};
+    attempt<Archive, std::istringstream>(bytes, [&](BaseIArchive& archive) { archive >> makeIItem("value", value); });
+    try
+    {
+        use(value);
+    }
+    catch (const math::OVRIXMathException&)
+    {
+    }
+}
+
+/// Partitions and results that are used, also where reading them has raised half-way.
+template <class Archive>
+void readAndUseEstimations(const std::string& bytes)
+{
+    const auto draw = [](math::BaseDataPartition& partition) { drawSubSets(partition); };
+    readAndUse<Archive, math::RegularGridPartition>(bytes, draw);
+    readAndUse<Archive, math::AdaptiveGridPartition>(bytes, draw);
+    readAndUse<Archive, math::EstimationResults>(bytes,
+                                                 [](const math::EstimationResults& results)
+                                                 {
+                                                     results.getNbInliers();
+                                                     results.getInliersRms();
+                                                     results.getInlierRatio();
+                                                 });
+}
+
 /// Reads the bytes as an archive that holds an item "value", for every kind of value that there is.
 template <class Archive>
 void readInEveryWay(const std::string& bytes)
@@ -127,6 +171,7 @@ void readInEveryWay(const std::string& bytes)
     readAs<Archive, math::DataPartitionPtr>(bytes);
     readAs<Archive, math::EstimationConfig>(bytes);
     readAs<Archive, math::EstimationResults>(bytes);
+    readAndUseEstimations<Archive>(bytes);
 }
 
 } // namespace fuzz

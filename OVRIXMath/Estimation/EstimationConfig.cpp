@@ -5,6 +5,7 @@
 #include <OVRIXMath/Estimation/EstimationUtils.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <boost/make_shared.hpp>
 
@@ -213,6 +214,14 @@ void EstimationConfig::describeItems(Items& items, Self& self)
     items("_expectedOutlierRatio", self._expectedOutlierRatio);
     items("_successRatio", self._successRatio);
     items("_pDataPartition", self._pDataPartition);
+}
+
+void EstimationConfig::finishRead(const BaseIArchive& archive)
+{
+    const bool bConsistent = !_bInit || _pDataPartition;
+    _bInit = _bInit && bConsistent;
+    OVRIXSERIALIZATION_RAISE_UNLESS(bConsistent, 30, getTypeName(), "it has no data partition",
+                                    archive.getSectionPath());
 }
 
 void EstimationConfig::copyMembers(const EstimationConfig& other)

@@ -165,6 +165,7 @@ private:
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
     void copyMembers(const EstimationConfig& other);
+    void finishRead(const BaseIArchive& archive);
 
     void initMethod(eRobustEstimationType type, ovReal64 outlierThreshold, ovReal64 expectedOutlierRatio);
 

@@ -241,6 +241,13 @@ void EstimationResults::describeItems(Items& items, Self& self)
     items("_nbNonLinearIteration", self._nbNonLinearIteration);
 }
 
+void EstimationResults::finishRead(const BaseIArchive&)
+{
+    // The archive holds the flags of a robust success only; those from before the reading count for nothing.
+    if (!_bInit || !_estimationStatus || !_bRobustEstimationDone)
+        _outlierFlags.clear();
+}
+
 void EstimationResults::copyMembers(const EstimationResults& other)
 {
     _bInit = other._bInit;

@@ -175,6 +175,7 @@ private:
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
     void copyMembers(const EstimationResults& other);
+    void finishRead(const BaseIArchive& archive);
 
     void initCommon(const EstimationConfig& config, ovUInt32 nbEstimParams, ovUInt32 inputDataSize,
                     ovUInt32 nbMinDataForEstimation, ovUInt32 nbMinDataForRobustEstimation, ovUInt32 nbInputData);

@@ -78,6 +78,16 @@ TYPED_TEST(BaseArchive, ThePathNamesTheOpenSections)
     EXPECT_EQ(archive.getSectionDepth(), 0u);
 }
 
+TYPED_TEST(BaseArchive, ThePathCutsLongNames)
+{
+    std::ostringstream stream;
+    typename TypeParam::OArchive archive(stream);
+    const ArchiveSectionManager whole(archive, std::string(200, 'a'));
+    const ArchiveSectionManager cut(archive, std::string(201, 'b'));
+    const ArchiveSectionManager inner(archive, "inner");
+    EXPECT_EQ(archive.getSectionPath(), "/" + std::string(200, 'a') + "/" + std::string(200, 'b') + ".../inner");
+}
+
 TYPED_TEST(BaseArchive, SectionsPass)
 {
     const std::string bytes = writeArchive<TypeParam>(

@@ -81,7 +81,36 @@ TEST(BinaryOArchive, ALargeBlockHasFramesOfItsOwn)
     const std::string block(300000, 'x');
     const std::string bytes =
         writeArchive<BinaryForm>([&](BaseOArchive& archive) { archive.writeBlock(block.data(), block.size()); });
-    EXPECT_EQ(bytes, makeBinaryArchive({"#\xE0\xA7\x12", block.substr(0, 262144), block.substr(262144), ""}));
+    EXPECT_EQ(bytes, makeBinaryArchive({"#\xE0\xA7\x12", block.substr(0, 262144), block.substr(262144)}));
+}
+
+TEST(BinaryOArchive, TheLastFrameIsNeverEmptyAfterALargeBlock)
+{
+    const std::string block(262144, 'x');
+    const std::string bytes =
+        writeArchive<BinaryForm>([&](BaseOArchive& archive) { archive.writeBlock(block.data(), block.size()); });
+    EXPECT_EQ(bytes, makeBinaryArchive({"#\x80\x80\x10", block.substr(1), "x"}));
+}
+
+TEST(BinaryOArchive, ArchivesCanStandOneBehindTheOther)
+{
+    for (const std::size_t size : {1, 65530, 65536, 65537, 70000, 262144, 262145, 524288})
+    {
+        std::stringstream stream;
+        for (int i = 0; i < 2; ++i)
+        {
+            BinaryOArchive archive(stream);
+            archive << makeOItem("a", std::string(size, 'x'));
+            archive.close();
+        }
+        for (int i = 0; i < 2; ++i)
+        {
+            BinaryIArchive archive(stream);
+            std::string text;
+            archive >> makeIItem("a", text);
+            EXPECT_EQ(text.size(), size);
+        }
+    }
 }
 
 TEST(BinaryOArchive, TheExampleOfTheGuideIsWritten)

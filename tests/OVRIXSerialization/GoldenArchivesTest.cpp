@@ -217,9 +217,8 @@ TEST(GoldenArchives, EveryTurnedBitOfABinaryArchiveRaises)
     EXPECT_EQ(readBitFlips(map, makeDamagedReader(makeBuckets())).nbRaised, 8 * map.size());
 }
 
-TEST(GoldenArchives, DamageOutsideOfTheContentLeavesTheValuesAsTheyAre)
+TEST(GoldenArchives, DamageOfALargeBlockRaises)
 {
-    // A block that ends with its frame is followed by a last frame without content, which its reader does not need.
     const std::string block(70000, 'x');
     const std::string bytes =
         writeArchive<BinaryForm>([&](BaseOArchive& archive) { archive.writeBlock(block.data(), block.size()); });
@@ -229,19 +228,18 @@ TEST(GoldenArchives, DamageOutsideOfTheContentLeavesTheValuesAsTheyAre)
         BinaryIArchive archive(stream);
         std::string restored(block.size(), ' ');
         archive.readBlock(&restored[0], restored.size());
-        EXPECT_TRUE(restored == block);
     };
-    const std::size_t contentSize = bytes.size() - 12;
     DamageReport report;
-    for (std::size_t offset = 0; offset < bytes.size(); offset += offset < 100 || offset >= contentSize - 100 ? 1 : 100)
+    for (std::size_t offset = 0; offset < bytes.size();
+         offset += offset < 100 || offset + 100 >= bytes.size() ? 1 : 100)
     {
-        const DamageReport before = report;
         std::string damaged = bytes;
         damaged[offset] = static_cast<char>(damaged[offset] ^ 1);
         readDamaged(damaged, read, report);
         readDamaged(bytes.substr(0, offset), read, report);
-        EXPECT_EQ(report.nbRead - before.nbRead, offset < contentSize ? 0u : 2u) << offset;
     }
+    EXPECT_GT(report.nbRaised, 1000u);
+    EXPECT_EQ(report.nbRead, 0u);
 }
 
 TEST(GoldenArchives, DamageOfATextArchiveNeverEndsInAnythingElse)

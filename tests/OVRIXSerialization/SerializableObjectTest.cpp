@@ -1,8 +1,10 @@
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/SerializableObject.h>
 #include <OVRIXUtil/DynamicObjectFactory.h>
 #include <OVRIXUtil/OVRIXUtilException.h>
 
 #include <memory>
+#include <string>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
 #include <support/SerializableObjects.h>
@@ -12,6 +14,66 @@ namespace ovrix
 {
 namespace test
 {
+
+namespace
+{
+
+/// A class whose items must fit together.
+class Interval : public CopyableObject<Interval, BaseSerializationObject>
+{
+public:
+    double _begin = 0.0;
+    double _end = 0.0;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::Interval";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_begin", self._begin);
+        items("_end", self._end);
+    }
+
+    void copyMembers(const Interval& other)
+    {
+        _begin = other._begin;
+        _end = other._end;
+    }
+
+    void finishRead(const BaseIArchive& archive)
+    {
+        OVRIXSERIALIZATION_RAISE_UNLESS(_begin <= _end, 30, getTypeName(), "it ends before it begins",
+                                        archive.getSectionPath());
+    }
+};
+
+/// A class whose base has items that must fit together, and that takes every value of its own.
+class NamedInterval : public CopyableObject<NamedInterval, Interval>
+{
+public:
+    std::string _name;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::NamedInterval";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_name", self._name);
+    }
+
+    void copyMembers(const NamedInterval& other)
+    {
+        _name = other._name;
+    }
+};
+
+} // namespace
 
 template <class Form>
 class SerializableObject : public ::testing::Test
@@ -230,6 +292,38 @@ TYPED_TEST(SerializableObject, AnObjectThatRefusesToBeReadRaises)
     Refusal refusal;
     expectRaises<OVRIXSerializationException>("Object of class test::Refusal can't be read\nNot to be read",
                                               [&] { load<TypeParam>(save<TypeParam>(refusal), refusal); });
+}
+
+TYPED_TEST(SerializableObject, ItemsThatFitTogetherAreRead)
+{
+    NamedInterval interval;
+    interval._name = "unit";
+    interval._end = 1.0;
+    NamedInterval restored;
+    load<TypeParam>(save<TypeParam>(interval), restored);
+    EXPECT_EQ(restored._name, "unit");
+    EXPECT_EQ(restored._end, 1.0);
+}
+
+TYPED_TEST(SerializableObject, ItemsThatDoNotFitTogetherRaise)
+{
+    Interval interval;
+    interval._begin = 2.0;
+    Interval restored;
+    expectRaises<OVRIXSerializationException>(
+        "Object of class test::Interval can't be restored, it ends before it begins, in section \"/value\"",
+        [&] { load<TypeParam>(save<TypeParam>(interval), restored); });
+}
+
+TYPED_TEST(SerializableObject, ItemsOfABaseThatDoNotFitTogetherRaise)
+{
+    NamedInterval interval;
+    interval._begin = 2.0;
+    NamedInterval restored;
+    restored._name = "old";
+    interval._name = "new";
+    EXPECT_THROW(load<TypeParam>(save<TypeParam>(interval), restored), OVRIXSerializationException);
+    EXPECT_EQ(restored._name, "old"); // not reached
 }
 
 } // namespace test

@@ -2,7 +2,10 @@
 #include <OVRIXMath/Estimation/EstimationLogMessages.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace ovrix
@@ -58,6 +61,9 @@ BoolResult BaseDataPartition::createSubSet(const DataSet& dataSet, DataSet& subS
             continue;
         OVRIXMATH_RAISE_UNLESS(indexes.size() == _subSetRequestedSize, eEstimationMessage, 14, indexes.size(),
                                _subSetRequestedSize);
+        const std::size_t nbNeededData = std::size_t(*indexes.rbegin()) + 1;
+        if (nbNeededData > dataSet.size())
+            return failure<eEstimationMessage>(17, dataSet.size(), nbNeededData);
         const auto inserted = _indexesColl.insert(std::move(indexes));
         if (!inserted.second)
             continue;
@@ -84,6 +90,19 @@ void BaseDataPartition::describeItems(Items& items, Self& self)
         return;
     items("_subSetRequestedSize", self._subSetRequestedSize);
     items("_indexesColl", self._indexesColl);
+}
+
+void BaseDataPartition::finishRead(const BaseIArchive& archive)
+{
+    const bool bSizesFit =
+        std::all_of(_indexesColl.begin(), _indexesColl.end(),
+                    [this](const std::set<ovUInt32>& indexes) { return indexes.size() == _subSetRequestedSize; });
+    const bool bConsistent = !_bInit || (_subSetRequestedSize != 0 && bSizesFit);
+    // What stood here before must not be mistaken for what has been read.
+    if (!_bInit || !bConsistent)
+        clear();
+    OVRIXSERIALIZATION_RAISE_UNLESS(bConsistent, 30, getTypeName(), "its sub-sets are not of the size requested",
+                                    archive.getSectionPath());
 }
 
 } // namespace math

@@ -108,7 +108,8 @@ public:
     /// @param dataSet the data that init() was given
     /// @param[out] subSet copies of the data drawn, in the order of the data set; empty on failure. Its memory is
     ///                    used again: a call with the sub-set of the call before allocates no data.
-    /// @return failure when 1000 draws brought no new sub-set
+    /// @return failure when 1000 draws brought no new sub-set, or when one brought an index that `dataSet` does not
+    ///         have: these are not the data that init() was given, before the partition went through an archive say
     /// @throws OVRIXMathException before init(), or when a draw has another size than init() was given
     BoolResult createSubSet(const DataSet& dataSet, DataSet& subSet);
 
@@ -138,6 +139,7 @@ private:
     static constexpr ovUInt32 s_classVersion = 1;
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
+    void finishRead(const BaseIArchive& archive);
 
     std::set<std::set<ovUInt32>> _indexesColl;
     ovUInt32 _subSetRequestedSize;

@@ -2,6 +2,7 @@
 #include <OVRIXMath/Estimation/EstimationLogMessages.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/container/small_vector.hpp>
@@ -9,6 +10,8 @@
 #include <boost/random/uniform_real_distribution.hpp>
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <iterator>
 #include <utility>
 
@@ -67,9 +70,10 @@ std::set<ovUInt32> BaseGridPartition::randomSubSet(ovUInt32 subSetRequestedSize)
     {
         const ovReal64 share = shares(RandomUniformGenerator::getGen());
         const auto bucket = _bucketHistogram.upper_bound(share);
-        if (std::find(usedKeys.begin(), usedKeys.end(), bucket->first) != usedKeys.end())
+        const auto place = std::lower_bound(usedKeys.begin(), usedKeys.end(), bucket->first);
+        if (place != usedKeys.end() && *place == bucket->first)
             continue;
-        usedKeys.push_back(bucket->first);
+        usedKeys.insert(place, bucket->first);
         const std::vector<ovUInt32>& data = bucket->second;
         const boost::random::uniform_int_distribution<ovUInt32> places(0, static_cast<ovUInt32>(data.size()) - 1);
         indexes.insert(data[places(RandomUniformGenerator::getGen())]);
@@ -88,6 +92,52 @@ void BaseGridPartition::describeItems(Items& items, Self& self)
     items("_nbBucketsByAxis", self._nbBucketsByAxis);
     if (self.isInit())
         items("_bucketHistogram", self._bucketHistogram);
+}
+
+void BaseGridPartition::finishRead(const BaseIArchive& archive)
+{
+    const char* const inconsistency = findInconsistency();
+    if (!inconsistency)
+        return;
+    clear();
+    _nbBucketsByAxis = std::max<ovUInt32>(_nbBucketsByAxis, 1);
+    OVRIXSERIALIZATION_RAISE_UNLESS(false, 30, getTypeName(), inconsistency, archive.getSectionPath());
+}
+
+const char* BaseGridPartition::findInconsistency() const
+{
+    if (_nbBucketsByAxis == 0)
+        return "its grid has no steps";
+    // An initDerived() that failed leaves no cells.
+    if (!isInit() || _bucketHistogram.empty())
+        return nullptr;
+    if (_bucketHistogram.size() < getSubSetRequestedSize())
+        return "it has fewer cells than a sub-set has data";
+
+    std::vector<ovUInt32> data;
+    for (const auto& bucket : _bucketHistogram)
+        data.insert(data.end(), bucket.second.begin(), bucket.second.end());
+    const auto nbData = static_cast<ovReal64>(data.size());
+    std::size_t nbCumulated = 0;
+    for (const auto& bucket : _bucketHistogram)
+    {
+        if (bucket.second.empty())
+            return "a cell is empty";
+        nbCumulated += bucket.second.size();
+        // A quarter of a datum is far beyond rounding, and leaves each cell half of its share at least: a cell that is
+        // all but never drawn would keep a draw from its end.
+        if (!(std::abs(bucket.first * nbData - static_cast<ovReal64>(nbCumulated)) < 0.25))
+            return "the shares of its cells are not those of their data";
+    }
+    if (_bucketHistogram.rbegin()->first != 1.0)
+        return "the share of its last cell is not 1";
+    std::sort(data.begin(), data.end());
+    for (std::size_t i = 0; i < data.size(); ++i)
+    {
+        if (data[i] != i)
+            return "its cells do not hold each datum once";
+    }
+    return nullptr;
 }
 
 } // namespace math

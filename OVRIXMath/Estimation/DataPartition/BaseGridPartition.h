@@ -36,7 +36,7 @@ public:
     /// @throws OVRIXMathException when it is 0
     void setNbBucketsByAxis(ovUInt32 nbBucketsByAxis);
 
-    /// Sorts the data into cells. Each element of a datum counts as a coordinate.
+    /// Sorts the data into cells, each datum into one. Each element of a datum counts as a coordinate.
     ///
     /// @param dataSet at least one datum, all of one size
     /// @param[out] bucketPopulation the cells; what it holds before is dropped
@@ -67,6 +67,10 @@ private:
     static constexpr ovUInt32 s_classVersion = 1;
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
+    void finishRead(const BaseIArchive& archive);
+
+    /// What keeps sub-sets from being drawn from the cells that have been read; null when nothing does.
+    const char* findInconsistency() const;
 
     ovUInt32 _nbBucketsByAxis;
 

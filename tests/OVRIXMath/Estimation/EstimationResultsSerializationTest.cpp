@@ -1,0 +1,161 @@
+#include <OVRIXMath/Estimation/EstimationResults.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <support/ArchiveForms.h>
+#include <support/Builders.h>
+#include <support/ExpectFailure.h>
+#include <support/GoldenArchive.h>
+
+namespace ovrix
+{
+namespace math
+{
+
+namespace
+{
+
+using test::checkGoldenArchive;
+using test::expectFailure;
+using test::expectMathRaises;
+using test::load;
+using test::makeVector;
+using test::passThrough;
+using test::save;
+using test::toStd;
+
+const char* const g_notInitText = "Estimation results have not been initialized";
+const char* const g_failedText = "Can't get results from a failed estimation";
+
+EstimationConfig createConfig()
+{
+    EstimationConfig config;
+    config.initMLESAC(0.5, 3.0, 6.0, 0.25);
+    return config;
+}
+
+EstimationResults createFailed()
+{
+    EstimationResults results;
+    results.initFailed(createConfig(), 2, 3, 4, 5, 6, "No fit\n3 of 4");
+    return results;
+}
+
+EstimationResults createSimple()
+{
+    EstimationResults results;
+    results.initSimpleSuccess(createConfig(), 2, 3, 4, 0, 6, makeVector({7, 8}), makeVector({1, -2, 3, -4, 5, 6}));
+    return results;
+}
+
+EstimationResults createRobust()
+{
+    EstimationResults results;
+    results.initRobustSuccess(createConfig(), 2, 3, 4, 5, 6, makeVector({7, 8}), makeVector({1, -2, 3, -4, 5, 6}),
+                              {false, true, false, true, false, false}, 9.5);
+    return results;
+}
+
+EstimationResults createRefined()
+{
+    EstimationResults results = createRobust();
+    results.updateNonLinearSuccess(makeVector({7.5, 8.5}), makeVector({0.5, -1, 1.5, -2, 2.5, 3}), 11, "Converged");
+    return results;
+}
+
+EstimationResults createRefinementFailed()
+{
+    EstimationResults results = createRobust();
+    results.updateNonLinearFailed("Not converged");
+    return results;
+}
+
+template <class Form>
+void checkGoldenResults(const std::string& name, const EstimationResults& results)
+{
+    const auto isAsItWas = [&](const EstimationResults& restored)
+    { return save<Form>(restored) == save<Form>(results); };
+    checkGoldenArchive<Form>("EstimationResults_" + name, results, isAsItWas);
+}
+
+} // namespace
+
+template <class Form>
+class EstimationResultsSerialization : public testing::Test
+{
+};
+
+TYPED_TEST_SUITE(EstimationResultsSerialization, test::ArchiveForms);
+
+TYPED_TEST(EstimationResultsSerialization, GoldenArchivesOfEveryState)
+{
+    checkGoldenResults<TypeParam>("not_initialised", EstimationResults());
+    checkGoldenResults<TypeParam>("failed", createFailed());
+    checkGoldenResults<TypeParam>("simple", createSimple());
+    checkGoldenResults<TypeParam>("robust", createRobust());
+    checkGoldenResults<TypeParam>("refined", createRefined());
+    checkGoldenResults<TypeParam>("refinement_failed", createRefinementFailed());
+}
+
+TYPED_TEST(EstimationResultsSerialization, KeepsThatNothingIsKnown)
+{
+    const EstimationResults restored = passThrough<TypeParam>(EstimationResults());
+    expectMathRaises(g_notInitText, [&] { restored.getEstimationStatus(); });
+}
+
+TYPED_TEST(EstimationResultsSerialization, KeepsAFailure)
+{
+    const EstimationResults restored = passThrough<TypeParam>(createFailed());
+    EXPECT_EQ(restored.getEstimationConfig().getRobustEstimationType(), eRET_MLESAC);
+    EXPECT_EQ(restored.getNbEstimParams(), 2u);
+    EXPECT_EQ(restored.getInputDataSize(), 3u);
+    EXPECT_EQ(restored.getNbMinDataForEstimation(), 4u);
+    EXPECT_EQ(restored.getNbMinDataForRobustEstimation(), 5u);
+    EXPECT_EQ(restored.getNbInputData(), 6u);
+    expectFailure("No fit\n3 of 4", restored.getEstimationStatus());
+    expectMathRaises(g_failedText, [&] { restored.getEstimParams(); });
+}
+
+TYPED_TEST(EstimationResultsSerialization, KeepsASimpleSuccess)
+{
+    const EstimationResults restored = passThrough<TypeParam>(createSimple());
+    EXPECT_FALSE(restored.hasRobustEstimationDone());
+    EXPECT_EQ(toStd(restored.getEstimParams()), (std::vector<double>{7, 8}));
+    EXPECT_EQ(toStd(restored.getResidualsSet()), (std::vector<double>{1, -2, 3, -4, 5, 6}));
+    EXPECT_TRUE(restored.getOutlierFlags().empty());
+    EXPECT_EQ(restored.getNbNonLinearIteration(), 0u);
+}
+
+TYPED_TEST(EstimationResultsSerialization, KeepsARobustSuccess)
+{
+    const EstimationResults restored = passThrough<TypeParam>(createRobust());
+    EXPECT_TRUE(restored.hasRobustEstimationDone());
+    EXPECT_EQ(restored.getOutlierFlags(), (OutlierFlags{false, true, false, true, false, false}));
+    EXPECT_EQ(restored.getEstimOutlierThreshold(), 9.5);
+    EXPECT_EQ(restored.getInliersRms(), createRobust().getInliersRms());
+}
+
+TYPED_TEST(EstimationResultsSerialization, KeepsARefinement)
+{
+    const EstimationResults restored = passThrough<TypeParam>(createRefined());
+    EXPECT_TRUE(restored.getEstimationStatus());
+    EXPECT_EQ(restored.getEstimationStatus().getMessage(), "Converged");
+    EXPECT_EQ(toStd(restored.getEstimParams()), (std::vector<double>{7.5, 8.5}));
+    EXPECT_EQ(restored.getNbNonLinearIteration(), 11u);
+    EXPECT_EQ(restored.getNbOutliers(), 2u);
+}
+
+TYPED_TEST(EstimationResultsSerialization, FlagsThatTheArchiveDoesNotHoldAreForgotten)
+{
+    EstimationResults used = createRobust();
+    load<TypeParam>(save<TypeParam>(createSimple()), used);
+    EXPECT_TRUE(used.getOutlierFlags().empty());
+    EXPECT_EQ(used.getInliersRms(), used.getGlobalRms());
+    used = createRobust();
+    load<TypeParam>(save<TypeParam>(createFailed()), used);
+    EXPECT_EQ(used.getNbInliers(), 6u);
+}
+
+} // namespace math
+} // namespace ovrix
