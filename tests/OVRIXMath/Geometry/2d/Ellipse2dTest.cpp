@@ -144,6 +144,20 @@ TEST(ConvertEllipseFromQuadratic, FoldsTheOrientationOfACircleToMinusHalfPi)
     EXPECT_EQ(ellipse.r2, 2.0);
 }
 
+TEST(ConvertEllipseFromQuadratic, IgnoresTheSignOfZeroOfACircle)
+{
+    Ellipse ellipse;
+    EXPECT_TRUE(fromQuadratic({1.0, -0.0, 1.0, 0.0, 0.0, -4.0}, ellipse));
+    EXPECT_EQ(ellipse.theta, -g_halfPi);
+}
+
+TEST(ConvertEllipseFromQuadratic, FindsTheDiagonalToTheBit)
+{
+    Ellipse ellipse;
+    EXPECT_TRUE(fromQuadratic({1.0, -0.5, 1.0, 0.0, 0.0, -1.0}, ellipse));
+    EXPECT_EQ(ellipse.theta, g_pi / 4.0);
+}
+
 TEST(ConvertEllipseFromQuadratic, GivesMinusHalfPiForAnUprightEllipse)
 {
     Ellipse ellipse;

@@ -182,6 +182,11 @@ TEST(ConvertEllipsoidFromQuadratic, RefusesNaN)
         e = Ellipsoid();
         q[position] = g_nan;
         EXPECT_FALSE(fromQuadratic(q, e)) << position;
+        // An eigenvalue that is NaN ends it before the centre.
+        if (position < 6)
+        {
+            EXPECT_EQ(e.c, Ellipsoid().c);
+        }
         EXPECT_EQ(e.r, Ellipsoid().r);
     }
 }
