@@ -141,7 +141,8 @@ TEST(TransformRegistrator, CreatesADefaultConstructedTransform)
     const GeometricTransform2dPtr pScale = TransformRegistrator2d<Scale2d>::createShared();
     EXPECT_EQ(test::toStd(pScale->getParams()), std::vector<double>{1});
     const GeometricTransform3dPtr pAffine = TransformRegistrator3d<Affine3d>::createShared();
-    EXPECT_EQ(typeid(*pAffine), typeid(Affine3d));
+    const BaseGeometricTransform3d& affine = *pAffine;
+    EXPECT_EQ(typeid(affine), typeid(Affine3d));
 }
 
 TEST(TransformRegistrator, RegistersOnce)
