@@ -58,9 +58,6 @@ OVRIXMATH_EXPORT void computeClustersCenters(ovUInt32 nbClusters, const VectorCo
 /// means of their samples. The attempt ends with the iteration that changes no label, which counts, or after
 /// `nbMaxIteration` iterations. A cluster that lost its samples goes on from the origin.
 ///
-/// Distances that cannot change a label are not computed: bounds from the triangle inequality, widened by what rounding
-/// can add, tell which. The result is that of the plain iteration, bit by bit.
-///
 /// @param nbMaxIteration with 0 nothing is done
 /// @param[in,out] centers start and end of the centres; the number of clusters is theirs
 /// @param[out] assignments label of each sample; the number of centres, which is no label, where nothing was done

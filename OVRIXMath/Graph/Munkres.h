@@ -78,7 +78,7 @@ public:
 
     /// Computes the assignment anew from the weights; raises Graph message 0 unless initialised.
     ///
-    /// Cubic in the size at worst; memory for a second copy of the table is taken meanwhile.
+    /// Cubic in the size at worst.
     void solve();
 
     /// The column of each row; raises Graph message 1 unless solved, and 0 unless initialised.
