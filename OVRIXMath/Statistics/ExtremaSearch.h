@@ -32,6 +32,8 @@ enum eExtremaBorderPolicy : int
 /// Consecutive elements: index of the first, then their number, at least 1. In a circular sequence of n elements an index
 /// i >= n stands for i - n.
 using ExtremaRange = std::pair<unsigned long, unsigned long>;
+
+/// Ranges of several extrema.
 using ExtremaRangeColl = std::vector<ExtremaRange>;
 
 /// Finds the elements that are strictly better than both neighbours; an element of a plateau is none.
