@@ -17,7 +17,7 @@ namespace math
 ///
 /// The coefficients are not checked for a real ellipse: those of an imaginary one give NaN radii and `true`.
 ///
-/// @return `false` with the outputs untouched when a c - b^2 <= 0
+/// @return `false` with the outputs untouched when a c - b^2 <= 0; a NaN passes
 OVRIXMATH_EXPORT ovBool convertEllipseFromQuadratic(ovReal64 a, ovReal64 b, ovReal64 c, ovReal64 d, ovReal64 e,
                                                     ovReal64 f, ovReal64& cx, ovReal64& cy, ovReal64& theta,
                                                     ovReal64& r1, ovReal64& r2);
@@ -26,7 +26,7 @@ OVRIXMATH_EXPORT ovBool convertEllipseFromQuadratic(ovReal64 a, ovReal64 b, ovRe
 ///
 /// The coefficient of x y is b here and 2 b in convertEllipseFromQuadratic().
 ///
-/// @return `false` with the outputs untouched when r1 <= 0 or r2 <= 0
+/// @return `false` with the outputs untouched when r1 <= 0 or r2 <= 0; a NaN passes
 OVRIXMATH_EXPORT ovBool convertEllipseToQuadratic(ovReal64 cx, ovReal64 cy, ovReal64 theta, ovReal64 r1, ovReal64 r2,
                                                   ovReal64& a, ovReal64& b, ovReal64& c, ovReal64& d, ovReal64& e,
                                                   ovReal64& f);

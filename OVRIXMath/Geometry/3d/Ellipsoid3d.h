@@ -38,7 +38,7 @@ OVRIXMATH_EXPORT ovBool convertEllipsoidFromQuadratic(ovReal64 qxx, ovReal64 qxy
 /// The other conversion looks for the value 0, so that the two are no inverses of each other: what this one gives has
 /// no ellipsoid there, which is meant. A caller who goes there and back subtracts 1 from q0.
 ///
-/// @return `false` with the outputs untouched when a radius is <= 0
+/// @return `false` with the outputs untouched when a radius is <= 0; a NaN passes
 OVRIXMATH_EXPORT ovBool convertEllipsoidToQuadratic(ovReal64 cx, ovReal64 cy, ovReal64 cz, ovReal64 rz, ovReal64 ry,
                                                     ovReal64 rx, ovReal64 r1, ovReal64 r2, ovReal64 r3, ovReal64& qxx,
                                                     ovReal64& qxy, ovReal64& qxz, ovReal64& qyy, ovReal64& qyz,

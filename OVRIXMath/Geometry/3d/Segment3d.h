@@ -31,7 +31,8 @@ OVRIXMATH_EXPORT ovBool segmentsIntersects(T ax, T ay, T az, T bx, T by, T bz, T
 /// Segments that segmentsIntersects() calls intersecting have distance 0, also when they are apart in z, and both points
 /// are the first one that the strategy reports, at the height of ab. For all others the smallest
 /// pointSegmentDistance<T>() of a to cd, b to cd, c to ab and d to ab is taken, of equal ones the first in this order;
-/// its arithmetic and its point q, as they are told there, apply.
+/// its arithmetic and its point q, as they are told there, apply. A first distance of NaN stays, a later one never
+/// replaces the best.
 ///
 /// @tparam T `int`, `unsigned int`, `float` or `double`
 template <class T>

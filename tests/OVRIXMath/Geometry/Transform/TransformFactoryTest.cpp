@@ -16,7 +16,7 @@ namespace transform
 {
 
 template <class Family>
-class TransformFactory : public ::testing::Test
+class FamilyFactory : public ::testing::Test
 {
 protected:
     using Factory = typename Family::Factory;
@@ -37,15 +37,15 @@ protected:
 };
 
 using Families = ::testing::Types<test::Transforms2d, test::Transforms3d>;
-TYPED_TEST_SUITE(TransformFactory, Families);
+TYPED_TEST_SUITE(FamilyFactory, Families);
 
-TYPED_TEST(TransformFactory, ThereIsOneFactory)
+TYPED_TEST(FamilyFactory, ThereIsOneFactory)
 {
     typename TypeParam::Factory& factory = TypeParam::Factory::getInstance();
     EXPECT_EQ(&factory, &TypeParam::Factory::getInstance());
 }
 
-TYPED_TEST(TransformFactory, AllEightTypesAreRegistered)
+TYPED_TEST(FamilyFactory, AllEightTypesAreRegistered)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
         EXPECT_TRUE(TypeParam::Factory::isRegistred(this->type(value)));
@@ -53,13 +53,13 @@ TYPED_TEST(TransformFactory, AllEightTypesAreRegistered)
     EXPECT_FALSE(TypeParam::Factory::isRegistred(this->type(-1)));
 }
 
-TYPED_TEST(TransformFactory, KnowsTheNumberOfParametersOfEachType)
+TYPED_TEST(FamilyFactory, KnowsTheNumberOfParametersOfEachType)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
         EXPECT_EQ(TypeParam::Factory::getNbParams(this->type(value)), TypeParam::getNumbersOfParams()[value]);
 }
 
-TYPED_TEST(TransformFactory, CreatesEachTypeInItsDefaultState)
+TYPED_TEST(FamilyFactory, CreatesEachTypeInItsDefaultState)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
     {
@@ -71,7 +71,7 @@ TYPED_TEST(TransformFactory, CreatesEachTypeInItsDefaultState)
     }
 }
 
-TYPED_TEST(TransformFactory, CreatesEachTypeWithParameters)
+TYPED_TEST(FamilyFactory, CreatesEachTypeWithParameters)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
     {
@@ -81,7 +81,7 @@ TYPED_TEST(TransformFactory, CreatesEachTypeWithParameters)
     }
 }
 
-TYPED_TEST(TransformFactory, AWrongNumberOfParametersRaises)
+TYPED_TEST(FamilyFactory, AWrongNumberOfParametersRaises)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
     {
@@ -94,7 +94,7 @@ TYPED_TEST(TransformFactory, AWrongNumberOfParametersRaises)
     }
 }
 
-TYPED_TEST(TransformFactory, RegisteringATypeAgainRaisesAndKeepsTheFirstEntry)
+TYPED_TEST(FamilyFactory, RegisteringATypeAgainRaisesAndKeepsTheFirstEntry)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
     {
@@ -106,7 +106,7 @@ TYPED_TEST(TransformFactory, RegisteringATypeAgainRaisesAndKeepsTheFirstEntry)
     }
 }
 
-TYPED_TEST(TransformFactory, ATypeThatIsNotRegisteredRaises)
+TYPED_TEST(FamilyFactory, ATypeThatIsNotRegisteredRaises)
 {
     const std::string text = "Geometric transformation 8 has not been registred";
     test::expectMathRaises(text, [&] { TypeParam::Factory::getNbParams(this->type(8)); });
@@ -114,7 +114,7 @@ TYPED_TEST(TransformFactory, ATypeThatIsNotRegisteredRaises)
     test::expectMathRaises(text, [&] { TypeParam::Factory::createTransform(this->type(8), Vector(1, 0.0)); });
 }
 
-TYPED_TEST(TransformFactory, TwoThreadsCreateTransformsAtOnce)
+TYPED_TEST(FamilyFactory, TwoThreadsCreateTransformsAtOnce)
 {
     const auto createAll = [this]
     {
