@@ -101,6 +101,7 @@ const std::vector<double>& KernelKMeansCentroid<KernelType>::getWeights() const
 template <class KernelType>
 void KernelKMeansCentroid<KernelType>::clear()
 {
+    _spareSamples.reserve(_spareSamples.size() + _dictionary.size());
     while (!_dictionary.empty())
         moveLast(_dictionary, _spareSamples);
     _mean.clear();

@@ -39,7 +39,8 @@ class KernelKMeansAttempt;
 /// ```
 ///
 /// All samples have the same size. A sample costs time quadratic in the size of the dictionary, one that replaces a
-/// member cubic. Nothing is allocated while the dictionary does not grow, nor by filling a cleared centroid again.
+/// member cubic. Nothing is allocated while the dictionary does not grow, nor by clearing and filling a centroid again and
+/// again.
 ///
 /// Copies are deep. `distance`, `comparable_distance` and `getClusterTerm` fill a cache although they are `const`:
 /// threads may share a centroid only after one of them was called.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
+
 #include <cstddef>
 
 /// @file
@@ -16,8 +18,8 @@ namespace clustering
 namespace details
 {
 
-/// The terms of a scalar product.
-struct Product
+/// The terms of a scalar product. Exported, like those below, since the kernels' base has them as a template argument.
+struct OVRIXMATH_EXPORT Product
 {
     static double of(double a, double b)
     {
@@ -26,7 +28,7 @@ struct Product
 };
 
 /// The terms of a squared distance.
-struct SquaredDifference
+struct OVRIXMATH_EXPORT SquaredDifference
 {
     static double of(double a, double b)
     {
