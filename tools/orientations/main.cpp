@@ -12,6 +12,8 @@
 #include <boost/program_options.hpp>
 
 #include <algorithm>
+#include <charconv>
+#include <chrono>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -34,7 +36,7 @@ using Arguments = std::vector<std::string>;
 /// Tables of 1 to this many points make a whole set.
 constexpr std::size_t g_nbTables = 400;
 
-/// Sizes as "205-399,12" gives them.
+/// Reads sizes as "205-399,12" gives them.
 std::vector<std::size_t> readSizes(const std::string& text)
 {
     std::vector<std::size_t> sizes;
@@ -42,9 +44,14 @@ std::vector<std::size_t> readSizes(const std::string& text)
     std::string range;
     while (std::getline(stream, range, ','))
     {
-        const std::size_t dash = range.find('-');
-        const std::size_t first = std::stoul(range);
-        const std::size_t last = dash == std::string::npos ? first : std::stoul(range.substr(dash + 1));
+        const char* const pEnd = range.data() + range.size();
+        std::size_t first = 0;
+        auto read = std::from_chars(range.data(), pEnd, first);
+        std::size_t last = first;
+        if (read.ptr != pEnd && *read.ptr == '-')
+            read = std::from_chars(read.ptr + 1, pEnd, last);
+        if (read.ec != std::errc() || read.ptr != pEnd || first < 1)
+            throw std::runtime_error(range + " is no number of points, nor a range of them");
         for (std::size_t size = first; size <= last; ++size)
             sizes.push_back(size);
     }
@@ -81,7 +88,9 @@ const Records& getTable(const Tables& tables, std::size_t nbPoints)
 
 po::options_description describeSearch()
 {
-    po::options_description options("search TABLES    looks for tables of lower energy and puts them into the file");
+    po::options_description options(
+        "search TABLES    looks for tables of lower energy, puts them into the file at once, and "
+        "lists size, energy and fall of each");
     options.add_options()("sizes", po::value<std::string>()->default_value("1-400"), "numbers of points");
     options.add_options()("except", po::value<std::string>()->default_value(""), "numbers of points to leave out");
     options.add_options()("hops", po::value<std::size_t>()->default_value(100), "hops around a table");
@@ -111,15 +120,20 @@ void runSearch(const Arguments& arguments)
 
     std::cout << std::fixed << std::setprecision(9);
     std::cerr << std::fixed << std::setprecision(6);
-    const auto showProgress = [](const SearchState& state)
+    auto shown = std::chrono::steady_clock::now();
+    const auto showProgress = [&](const SearchState& state)
     {
+        const auto now = std::chrono::steady_clock::now();
+        if (now - shown < std::chrono::milliseconds(500))
+            return;
+        shown = now;
         std::cerr << "\rround " << state.round << "  N " << state.nbPoints << "  hop " << state.hop << "  energy "
                   << state.energy << "   " << std::flush;
     };
     const auto keep = [&](const SearchState& state)
     {
         writeTables(tables, path);
-        std::cout << state.nbPoints << ' ' << state.energy << ' ' << -state.fall << std::endl;
+        std::cout << state.nbPoints << ' ' << state.energy << ' ' << state.fall << std::endl;
     };
     search(tables, plan, showProgress, keep);
     std::cerr << '\n';
