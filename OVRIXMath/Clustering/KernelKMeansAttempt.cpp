@@ -99,6 +99,7 @@ void KernelKMeansAttempt<KernelType>::start(const std::vector<KernelKMeansCentro
         // The dictionary need not consist of samples; it is known by its distances until the first rebuilding.
         const VectorColl& dictionary = centroids[label].getDictionary();
         Cluster& cluster = _clusters[label];
+        clear(cluster);
         cluster.mean = centroids[label]._mean;
         cluster.bSamplesChanged = true;
         cluster.bMeanChanged = false;

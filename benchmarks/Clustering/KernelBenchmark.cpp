@@ -39,7 +39,7 @@ void kernelMatrix(benchmark::State& state)
         state,
         [&]
         {
-            const details::KernelSamples<KernelType> samples(kernel, data);
+            const math::clustering::details::KernelSamples<KernelType> samples(kernel, data);
             for (std::size_t i = 0; i < data.size(); ++i)
                 samples.computeRow(data[i], 0, data.size(), values.data() + i * data.size());
             benchmark::DoNotOptimize(values.data());

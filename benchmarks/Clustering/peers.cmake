@@ -1,6 +1,4 @@
-# Kernel values are measured where they are made, which no public function shows; the plain clusterings are those of the
-# tests.
-target_sources(${program} PRIVATE "${PROJECT_SOURCE_DIR}/OVRIXMath/Clustering/KernelSamples.cpp")
+# The plain clusterings are those of the tests.
 target_include_directories(${program} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
 find_package(GTest REQUIRED)
 target_link_libraries(${program} PRIVATE GTest::gtest)
