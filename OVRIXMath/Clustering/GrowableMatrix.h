@@ -32,6 +32,12 @@ public:
         return _elements.data() + r * _stride;
     }
 
+    /// The distance between rows in memory.
+    std::size_t stride() const
+    {
+        return _stride;
+    }
+
     /// Keeps the elements of the upper left that the two sizes share; new ones are undefined.
     void setSize(std::size_t size)
     {

@@ -1,4 +1,5 @@
 #include <OVRIXMath/Clustering/KernelKMeansAttempt.h>
+#include <OVRIXMath/Clustering/RowSums.h>
 #include <OVRIXMath/Tools/RoundingRules.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
@@ -21,9 +22,6 @@ namespace
 
 /// Samples that are handled together, so that their sums stay in the first cache.
 constexpr std::size_t g_tileSize = 512;
-
-/// Parts of rows that addRows() reads at the same time.
-constexpr std::size_t g_nbRowParts = 4;
 
 } // namespace
 
@@ -67,7 +65,7 @@ void drawKernelSeeds(KernelSamples<KernelType>& samples, ovUInt32 nbClusters, UI
 
 template <class KernelType>
 KernelKMeansAttempt<KernelType>::KernelKMeansAttempt(KernelSamples<KernelType>& samples)
-    : _samples(samples), _rowParts(g_nbRowParts * g_tileSize)
+    : _samples(samples), _rowParts(g_nbRowsOfAPass * g_tileSize)
 {
 }
 
@@ -101,6 +99,7 @@ void KernelKMeansAttempt<KernelType>::start(const std::vector<KernelKMeansCentro
         // The dictionary need not consist of samples; it is known by its distances until the first rebuilding.
         const VectorColl& dictionary = centroids[label].getDictionary();
         Cluster& cluster = _clusters[label];
+        clear(cluster);
         cluster.mean = centroids[label]._mean;
         cluster.bSamplesChanged = true;
         cluster.bMeanChanged = false;
@@ -267,11 +266,16 @@ void KernelKMeansAttempt<KernelType>::computeDistances(const SparseKernelMean& m
     for (std::size_t begin = 0; begin < _samples.size(); begin += g_tileSize)
     {
         const std::size_t end = std::min(begin + g_tileSize, _samples.size());
-        double* const sums = distances + begin;
-        std::fill(sums, distances + end, 0.0);
-        addRows<Product>(sums, end - begin, weights.data(), weights.size(),
-                         [&](std::size_t i)
-                         { return rowOf(i, begin, end, _rowParts.data() + i % g_nbRowParts * g_tileSize); });
+        std::fill(distances + begin, distances + end, 0.0);
+        for (std::size_t first = 0; first < weights.size(); first += g_nbRowsOfAPass)
+        {
+            const std::size_t nbRows = std::min(g_nbRowsOfAPass, weights.size() - first);
+            const double* rows[g_nbRowsOfAPass];
+            for (std::size_t i = 0; i < nbRows; ++i)
+                rows[i] = rowOf(first + i, begin, end, _rowParts.data() + i * g_tileSize);
+            addRows<Product, const double* const*>(distances + begin, end - begin, weights.data() + first, nbRows,
+                                                   rows);
+        }
         for (std::size_t i = begin; i < end; ++i)
             distances[i] = _samples.getSelfValue(i) + clusterTerm - (distances[i] + distances[i]);
     }

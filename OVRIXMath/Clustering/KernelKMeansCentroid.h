@@ -21,7 +21,7 @@ namespace clustering
 namespace details
 {
 template <class KernelType>
-class KernelKMeansAttempt;
+class OVRIXMATH_EXPORT KernelKMeansAttempt;
 }
 
 /// The mean of samples in the feature space of a kernel.

@@ -3,6 +3,7 @@
 #include <OVRIXMath/Clustering/Kernel/RadialBasisKernel.h>
 #include <OVRIXMath/Clustering/Kernel/SigmoidKernel.h>
 #include <OVRIXMath/Clustering/KernelSamples.h>
+#include <OVRIXMath/Clustering/RowSums.h>
 
 #include <algorithm>
 
@@ -42,8 +43,7 @@ void KernelSamples<KernelType>::computeRow(const Vector& x, std::size_t begin, s
         double* const sums = values + (first - begin);
         std::fill_n(sums, size, 0.0);
         addRows<typename KernelType::Term>(sums, size, x.data().begin(), x.size(),
-                                           [this, first](std::size_t j)
-                                           { return _columns.data() + j * _data.size() + first; });
+                                           EquidistantRows{_columns.data() + first, _data.size()});
         _kernel.evaluateSums(sums, size);
     }
 }

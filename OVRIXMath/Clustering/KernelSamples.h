@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Types.h>
 
 #include <cstddef>
@@ -21,7 +22,7 @@ namespace details
 /// comes back to the same samples, such as the members of dictionaries over many iterations, evaluates the kernel for
 /// them once.
 template <class KernelType>
-class KernelSamples
+class OVRIXMATH_EXPORT KernelSamples
 {
 public:
     /// @param data samples of one size, which must outlive the object

@@ -1,4 +1,4 @@
-#include <OVRIXMath/Clustering/Kernel/KernelTerms.h>
+#include <OVRIXMath/Clustering/RowSums.h>
 #include <OVRIXMath/Clustering/SparseKernelMean.h>
 
 #include <algorithm>
@@ -20,8 +20,56 @@ namespace
 void multiply(const GrowableMatrix& A, const std::vector<double>& x, std::vector<double>& product)
 {
     product.assign(A.size(), 0.0);
-    addRows<Product>(product.data(), A.size(), x.data(), A.size(), [&A](std::size_t r) { return A.row(r); });
+    addRows<Product>(product.data(), A.size(), x.data(), A.size(), EquidistantRows{A.row(0), A.stride()});
 }
+
+/// `row[c] = a[c] * factor / divisor + row[c]`
+struct AddScaledQuotients
+{
+    template <int Lanes>
+    [[gnu::always_inline]] static inline void run(double* row, std::size_t size, const double* a, double factor,
+                                                  double divisor)
+    {
+        using Reals = typename math::details::Pack<Lanes>::Reals;
+        std::size_t c = 0;
+        for (; c + Lanes <= size; c += Lanes)
+        {
+            Reals element;
+            Reals coefficient;
+            math::details::loadPack(element, row + c);
+            math::details::loadPack(coefficient, a + c);
+            element = coefficient * factor / divisor + element;
+            math::details::storePack(row + c, element);
+        }
+        for (; c < size; ++c)
+            row[c] = a[c] * factor / divisor + row[c];
+    }
+};
+
+/// `product[r] += (column[r] - pivotRow[r] * pivot) * factor`
+struct AddColumnWithoutPivot
+{
+    template <int Lanes>
+    [[gnu::always_inline]] static inline void run(double* product, std::size_t size, const double* column,
+                                                  const double* pivotRow, double pivot, double factor)
+    {
+        using Reals = typename math::details::Pack<Lanes>::Reals;
+        std::size_t r = 0;
+        for (; r + Lanes <= size; r += Lanes)
+        {
+            Reals sum;
+            Reals element;
+            Reals pivotElement;
+            math::details::loadPack(sum, product + r);
+            math::details::loadPack(element, column + r);
+            math::details::loadPack(pivotElement, pivotRow + r);
+            sum += (element - pivotElement * pivot) * factor;
+            math::details::storePack(product + r, sum);
+        }
+        for (; r < size; ++r)
+            product[r] += (column[r] - pivotRow[r] * pivot) * factor;
+    }
+};
 
 /// Moves the elements behind place p one place to the front.
 void erasePlace(double* elements, std::size_t size, std::size_t p)
@@ -172,10 +220,8 @@ void SparseKernelMean::appendMember(double selfValue, double delta)
     for (std::size_t r = 0; r < m; ++r)
     {
         double* const row = _Kinv.row(r);
-        const double factor = a[r];
-        for (std::size_t c = 0; c < m; ++c)
-            row[c] = a[c] * factor / delta + row[c];
-        row[m] = -factor / delta;
+        math::details::runKernel<AddScaledQuotients>(row, m, a, a[r], delta);
+        row[m] = -a[r] / delta;
         _Kinv.row(m)[r] = row[m];
         _K.row(r)[m] = _k[r];
     }
@@ -219,10 +265,9 @@ double SparseKernelMean::computeStrength(std::size_t p)
         const double factor = kernelValues[c];
         const double pivot = pivotRow[c];
         const double scaledPivot = scaledPivotRow[c];
-        for (std::size_t r = 0; r < c; ++r)
-            product[r] += (column[r] - pivot * scaledPivotRow[r]) * factor;
-        for (std::size_t r = c; r < size; ++r)
-            product[r] += (column[r] - pivotRow[r] * scaledPivot) * factor;
+        math::details::runKernel<AddColumnWithoutPivot>(product, c, column, scaledPivotRow, pivot, factor);
+        math::details::runKernel<AddColumnWithoutPivot>(product + c, size - c, column + c, pivotRow + c, scaledPivot,
+                                                        factor);
     }
     double projected = 0.0;
     for (std::size_t r = 0; r < size; ++r)

@@ -1,5 +1,6 @@
 #include <OVRIXMath/Clustering/ClusteringLogMessages.h>
 #include <OVRIXMath/Clustering/KernelSamples.h>
+#include <OVRIXMath/Clustering/RowSums.h>
 #include <OVRIXMath/Clustering/SpectralClustering.h>
 #include <OVRIXMath/LinearAlgebra/EigenDecomposition.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
@@ -187,9 +188,8 @@ ovUInt32 SpectralClustering<KernelType>::computeAssignment(const Vector& x) cons
     }
     const std::size_t nbClusters = getNbClusters();
     Vector y(nbClusters, 0.0);
-    const double* const eigenVectors = _eigenVectors.data().begin();
     details::addRows<details::Product>(y.data().begin(), nbClusters, v.data(), nbData,
-                                       [&](std::size_t i) { return eigenVectors + i * nbClusters; });
+                                       details::EquidistantRows{_eigenVectors.data().begin(), nbClusters});
     for (std::size_t j = 0; j < nbClusters; ++j)
         y[j] *= _eigenValues[j];
     return computeKernelAssignment(getClusteringAlgorithm().getClustersCentroids(), y);

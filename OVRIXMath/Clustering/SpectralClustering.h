@@ -87,7 +87,8 @@ public:
 
     /// The label of a further sample: of the centroid nearest to `y` with `y_j = l_j sum_i v_i V_ij`, where V holds the
     /// eigenvectors, l the eigenvalues, and `v_i = k(x_i, x)`, divided by their sum unless it is 0. `y` is not scaled to
-    /// unit length, unlike the rows.
+    /// unit length, unlike the rows, and so lies near the origin: with a kernel that is narrow beside the unit length the
+    /// label tells little.
     ovUInt32 computeAssignment(const Vector& x) const;
 
     /// Number of clusters.

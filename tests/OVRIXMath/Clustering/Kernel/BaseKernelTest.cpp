@@ -61,7 +61,7 @@ TYPED_TEST(BaseKernelTest, EvaluatesSumsAsItEvaluatesSamples)
     {
         double sum = 0.0;
         for (std::size_t j = 0; j < x.size(); ++j)
-            sum += TypeParam::Term::of(this->samples[0][j], x[j]);
+            TypeParam::Term::add(sum, this->samples[0][j], x[j]);
         sums.push_back(sum);
     }
     this->kernel.evaluateSums(sums.data(), sums.size());
