@@ -5,6 +5,7 @@
 #include <OVRIXMath/Estimation/EstimationResults.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
 #include <OVRIXMath/OVRIXMathException.h>
+#include <OVRIXMath/Statistics/Histogram.h>
 #include <OVRIXSerialization/BaseIArchive.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 #include <OVRIXSerialization/OVRIXSerializationException.h>
@@ -153,6 +154,23 @@ void readAndUseEstimations(const std::string& bytes)
                                                  });
 }
 
+/// A histogram that is asked everything that does not grow with its population.
+template <class Archive>
+void readAndUseHistograms(const std::string& bytes)
+{
+    const auto use = [](const math::BaseHistogram& histogram)
+    {
+        std::ostringstream text;
+        text << histogram;
+        histogram.getQuantileClassIdx(0.5);
+        histogram.getMaxPopulationClassIdx();
+        histogram.findLocalMaxima(false, math::eEBP_Include, 0.0, 0);
+        histogram.findLocalDilatedMinima(1, math::eEBP_Exclude, 0.0, 0);
+    };
+    readAndUse<Archive, math::Histogram<false>>(bytes, use);
+    readAndUse<Archive, math::Histogram<true>>(bytes, use);
+}
+
 /// Whether the archive begins with an item or a section "value". All others are refused there by every kind of value
 /// alike.
 template <class Archive>
@@ -185,7 +203,10 @@ void readInEveryWay(const std::string& bytes)
     readAs<Archive, math::DataPartitionPtr>(bytes);
     readAs<Archive, math::EstimationConfig>(bytes);
     readAs<Archive, math::EstimationResults>(bytes);
+    readAs<Archive, math::eHistogramOutOfBoundsPolicy>(bytes);
+    readAs<Archive, boost::shared_ptr<math::BaseHistogram>>(bytes);
     readAndUseEstimations<Archive>(bytes);
+    readAndUseHistograms<Archive>(bytes);
 }
 
 } // namespace fuzz

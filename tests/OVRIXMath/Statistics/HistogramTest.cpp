@@ -75,7 +75,8 @@ TYPED_TEST(HistogramTest, IsCreatedByTheFactory)
 {
     const std::unique_ptr<BaseDynamicObject> pNew(
         DynamicObjectFactory::getInstance().createNew(TypeParam::getTypeName()));
-    EXPECT_EQ(typeid(*pNew.get()), typeid(TypeParam));
+    const BaseDynamicObject& object = *pNew;
+    EXPECT_EQ(typeid(object), typeid(TypeParam));
     const DynamicObjectPtr pShared = DynamicObjectFactory::getInstance().createShared(TypeParam::getTypeName());
     EXPECT_EQ(pShared->getClassName(), TypeParam::getTypeName());
     EXPECT_NE(dynamic_cast<TypeParam*>(pShared.get()), nullptr);
