@@ -135,13 +135,7 @@ void AssignmentSearch::updateTolerance()
 void AssignmentSearch::runPass()
 {
     computeFreeSlacks();
-    // Free columns are searched before all others, so a free row that is tight with one of them ends the pass at once.
-    Edge edge(g_none, g_none);
-    for (const Edge& tightEdge : _freeTightEdges)
-    {
-        if (_rowMate[tightEdge.second] == g_none)
-            edge = std::min(edge, tightEdge);
-    }
+    Edge edge = _magnitude < g_infinity ? findFreeRow() : Edge(g_none, g_none);
     if (edge.second == g_none)
     {
         edge = search();
@@ -223,12 +217,32 @@ ovUInt32 AssignmentSearch::scanFreeColumns(ovUInt32 row)
     return tightColumn != _freeColumns.end() ? *tightColumn : g_none;
 }
 
+/// Free columns are searched before all others, so a free row that is tight with one of them ends the pass at once.
+/// Gives its edge, if there is one.
+///
+/// What the search would do before it gets there has no consequence, as long as all slacks are finite: those that are
+/// not keep the column of an earlier pass.
+AssignmentSearch::Edge AssignmentSearch::findFreeRow() const
+{
+    Edge edge(g_none, g_none);
+    for (const Edge& tightEdge : _freeTightEdges)
+    {
+        if (_rowMate[tightEdge.second] == g_none)
+            edge = std::min(edge, tightEdge);
+    }
+    return edge;
+}
+
 /// Runs the pass up to the edge by which a free row is reached.
 AssignmentSearch::Edge AssignmentSearch::search()
 {
     std::sort(_freeTightEdges.begin(), _freeTightEdges.end());
     for (const Edge& edge : _freeTightEdges)
+    {
+        if (_rowMate[edge.second] == g_none)
+            return edge;
         visit(edge.second, edge.first);
+    }
     while (true)
     {
         Edge edge = followTightEdges();

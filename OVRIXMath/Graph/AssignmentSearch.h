@@ -70,6 +70,7 @@ private:
     void computeFreeSlacks();
     ovUInt32 computeFreeSlack(ovUInt32 row);
     ovUInt32 scanFreeColumns(ovUInt32 row);
+    Edge findFreeRow() const;
     Edge search();
     Edge followTightEdges();
     Edge changeLabels();

@@ -50,11 +50,11 @@ void LeastSlacks::listBelow(double bound, const double* labels, double label, co
         {
             const std::size_t idx = start + listed[i];
             const double slack = (labels[idx] + label) - weights[idx];
-            if (!(slack < _bound))
-                continue;
-            if (_entries.size() == 2 * _depth)
+            if (slack < _bound && _entries.size() == 2 * _depth)
                 keepLeast();
-            _entries.push_back(SlackEntry{slack, static_cast<ovUInt32>(idx)});
+            // Checked again, since the bound falls on the way.
+            if (slack < _bound)
+                _entries.push_back(SlackEntry{slack, static_cast<ovUInt32>(idx)});
         }
     }
 }
