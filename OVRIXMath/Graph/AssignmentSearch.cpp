@@ -18,63 +18,24 @@ namespace
 
 constexpr ovUInt32 g_none = NumericLimits<ovUInt32>::s_max;
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
-constexpr double g_nan = std::numeric_limits<double>::quiet_NaN();
-
-/// The largest magnitude of a weight; infinite if sums of six weights could overflow, or if one is not a number.
-double largestMagnitude(const double* weights, std::size_t count)
-{
-    constexpr double limit = NumericLimits<double>::s_max / 16.0;
-    double largest = 0.0;
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        const double magnitude = std::abs(weights[i]);
-        if (!(magnitude <= largest))
-            largest = magnitude <= limit ? magnitude : g_infinity;
-    }
-    return largest;
-}
-
-/// Whether all weights are multiples of one power of two, and the largest is below 2^50 of it. Sums of labels and
-/// weights stay below eight times the largest, so they are not rounded.
-bool areSumsExact(const double* weights, std::size_t count, double magnitude)
-{
-    if (magnitude == 0.0)
-        return true;
-    if (magnitude == g_infinity)
-        return false;
-    const double unitsPerWeight = std::ldexp(1.0, 49 - std::ilogb(magnitude));
-    if (!(unitsPerWeight > 0.0 && unitsPerWeight < g_infinity))
-        return false;
-    // Adding and subtracting it rounds to an integer.
-    constexpr double rounder = 1.5 * 4503599627370496.0; // 1.5 * 2^52
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        const double units = weights[i] * unitsPerWeight;
-        if ((units + rounder) - rounder != units)
-            return false;
-    }
-    return true;
-}
 
 } // namespace
 
-AssignmentSearch::AssignmentSearch(const double* weights, ovUInt32 nbRows, ovUInt32 nbColumns)
-    : _weights(weights), _nbRows(nbRows), _nbColumns(nbColumns), _stride(paddedSize(nbRows, g_rowBlock)),
-      _magnitude(largestMagnitude(weights, std::size_t(nbRows) * nbColumns)),
-      _bExact(areSumsExact(weights, std::size_t(nbRows) * nbColumns, _magnitude)), _nbLabelChanges(0.0),
-      _negativeChanges(0.0), _tolerance(0.0), _weightsByColumn(_stride * nbColumns, 0.0), _rowMate(nbRows, g_none),
-      _columnMate(nbColumns, g_none), _rowLabel(_stride, 0.0), _freeLabel(nbColumns, NumericLimits<double>::s_min),
-      _matchedLabel(nbColumns), _freeColumns(nbColumns), _ranking(weights, nbRows, nbColumns, _bExact),
-      _nearRows(_weightsByColumn, _stride, nbRows, nbColumns), _slack(_stride, g_nan), _slackColumn(_stride, 0),
-      _leastSlack(0.0), _bLeastSlackKnown(false), _leastFreeRowSlack(0.0), _listedRows(_stride), _visited(nbRows),
-      _reachableRows(nbRows), _nbSearched(0), _parent(nbColumns, g_none)
+AssignmentSearch::AssignmentSearch(const double* weights, const WeightRange& range, ovUInt32 nbRows, ovUInt32 nbColumns)
+    : _weights(weights), _nbRows(nbRows), _nbColumns(nbColumns), _range(range), _nbLabelChanges(0.0),
+      _negativeChanges(0.0), _tolerance(0.0), _weightsByColumn(std::size_t(nbRows) * nbColumns),
+      _rowMate(nbRows, g_none), _columnMate(nbColumns, g_none), _rowLabel(nbRows, 0.0), _unvisitedRowLabel(nbRows, 0.0),
+      _freeLabel(nbColumns, NumericLimits<double>::s_min), _matchedLabel(nbColumns), _freeColumns(nbColumns),
+      _ranking(weights, nbRows, nbColumns, range.bExact), _nearRows(_weightsByColumn.data(), nbRows, nbColumns),
+      _freeSlack(nbRows), _freeSlackColumn(nbRows), _slacks(nbRows), _leastFreeRowSlack(0.0), _visited(nbRows),
+      _zeroRows(nbRows), _listed(nbRows), _parent(nbColumns), _rowList(nbRows)
 {
     _freeTightEdges.reserve(nbRows);
+    _tightEdges.reserve(nbRows);
     _visitedRows.reserve(nbRows);
-    _visitedColumns.reserve(nbRows);
     _visitedRowLabel.reserve(nbRows);
+    _visitedColumns.reserve(nbRows);
     _visitedColumnLabel.reserve(nbRows);
-    _visitedColumnIsTight.reserve(nbRows);
     std::iota(_freeColumns.begin(), _freeColumns.end(), 0u);
     copyByColumns();
     startLabels();
@@ -93,6 +54,7 @@ void AssignmentSearch::copyByColumns()
 {
     // Square tiles keep the lines of both tables in the cache.
     constexpr ovUInt32 tile = 32;
+    double* weightsByColumn = _weightsByColumn.data();
     for (ovUInt32 firstRow = 0; firstRow < _nbRows; firstRow += tile)
     {
         const ovUInt32 endRow = std::min(_nbRows, firstRow + tile);
@@ -102,7 +64,8 @@ void AssignmentSearch::copyByColumns()
             for (ovUInt32 column = firstColumn; column < endColumn; ++column)
             {
                 for (ovUInt32 row = firstRow; row < endRow; ++row)
-                    _weightsByColumn[column * _stride + row] = _weights[std::size_t(row) * _nbColumns + column];
+                    weightsByColumn[std::size_t(column) * _nbRows + row] =
+                        _weights[std::size_t(row) * _nbColumns + column];
             }
         }
     }
@@ -119,23 +82,29 @@ void AssignmentSearch::startLabels()
     // With columns to spare, the result is optimal only if all columns that stay free have one label.
     if (_nbRows < _nbColumns)
         _freeLabel.assign(_nbColumns, *std::max_element(_freeLabel.begin(), _freeLabel.end()));
-    if (_magnitude < g_infinity)
-        _ranking.rankAll(_freeLabel);
+    _ranking.rankAll(_freeLabel);
 }
 
 void AssignmentSearch::updateTolerance()
 {
-    if (_bExact)
+    if (_range.bExact)
         return;
-    const double tolerance = NumericLimits<double>::s_eps * (32.0 * _nbLabelChanges + 256.0) * _magnitude +
+    const double tolerance = NumericLimits<double>::s_eps * (32.0 * _nbLabelChanges + 256.0) * _range.magnitude +
                              4.0 * _negativeChanges + std::numeric_limits<double>::min();
-    _tolerance = tolerance < _magnitude / 16.0 ? tolerance : g_infinity;
+    _tolerance = tolerance < _range.magnitude / 16.0 ? tolerance : g_infinity;
+}
+
+/// Slacks below it are those up to the least slack of a free row, with the tolerance.
+double AssignmentSearch::getSlackLimit() const
+{
+    const double limit = std::nextafter(_leastFreeRowSlack + _tolerance, g_infinity);
+    return std::min(limit, NumericLimits<double>::s_max);
 }
 
 void AssignmentSearch::runPass()
 {
     computeFreeSlacks();
-    Edge edge = _magnitude < g_infinity ? findFreeRow() : Edge(g_none, g_none);
+    Edge edge = findFreeRow();
     if (edge.second == g_none)
     {
         edge = search();
@@ -148,19 +117,15 @@ void AssignmentSearch::runPass()
 void AssignmentSearch::computeFreeSlacks()
 {
     _freeTightEdges.clear();
-    _leastSlack = NumericLimits<double>::s_max;
     _leastFreeRowSlack = NumericLimits<double>::s_max;
     for (ovUInt32 row = 0; row < _nbRows; ++row)
     {
         const ovUInt32 column = computeFreeSlack(row);
         if (column != g_none)
             _freeTightEdges.emplace_back(column, row);
-        else if (_slack[row] < _leastSlack)
-            _leastSlack = _slack[row];
-        if (_rowMate[row] == g_none && _slack[row] < _leastFreeRowSlack)
-            _leastFreeRowSlack = _slack[row];
+        if (_rowMate[row] == g_none && _freeSlack[row] < _leastFreeRowSlack)
+            _leastFreeRowSlack = _freeSlack[row];
     }
-    _bLeastSlackKnown = _magnitude < g_infinity;
 }
 
 /// Sets the row's slack; gives the first free column with a tight edge, if any.
@@ -195,8 +160,8 @@ ovUInt32 AssignmentSearch::computeFreeSlack(ovUInt32 row)
             return scanFreeColumns(row);
         bSure = margin(slack) <= searched;
     }
-    _slack[row] = slack;
-    _slackColumn[row] = column;
+    _freeSlack[row] = slack;
+    _freeSlackColumn[row] = column;
     return tightColumn;
 }
 
@@ -206,9 +171,8 @@ ovUInt32 AssignmentSearch::scanFreeColumns(ovUInt32 row)
     const double* weights = _weights + std::size_t(row) * _nbColumns;
     const LeastSlackOfRow::Result least =
         runKernel<LeastSlackOfRow>(static_cast<const double*>(_freeLabel.data()), weights, _nbColumns, _rowLabel[row]);
-    _slack[row] = least.slack;
-    if (least.slack < NumericLimits<double>::s_max)
-        _slackColumn[row] = least.column;
+    _freeSlack[row] = least.slack;
+    _freeSlackColumn[row] = static_cast<ovUInt32>(least.column);
     if (!least.bTight)
         return g_none;
     const auto tightColumn =
@@ -219,170 +183,142 @@ ovUInt32 AssignmentSearch::scanFreeColumns(ovUInt32 row)
 
 /// Free columns are searched before all others, so a free row that is tight with one of them ends the pass at once.
 /// Gives its edge, if there is one.
-///
-/// What the search would do before it gets there has no consequence, as long as all slacks are finite: those that are
-/// not keep the column of an earlier pass.
 AssignmentSearch::Edge AssignmentSearch::findFreeRow() const
 {
-    Edge edge(g_none, g_none);
-    for (const Edge& tightEdge : _freeTightEdges)
+    Edge first(g_none, g_none);
+    for (const Edge& edge : _freeTightEdges)
     {
-        if (_rowMate[tightEdge.second] == g_none)
-            edge = std::min(edge, tightEdge);
+        if (_rowMate[edge.second] == g_none)
+            first = std::min(first, edge);
     }
-    return edge;
+    return first;
 }
 
 /// Runs the pass up to the edge by which a free row is reached.
 AssignmentSearch::Edge AssignmentSearch::search()
 {
+    const double limit = getSlackLimit();
+    for (ovUInt32 row = 0; row < _nbRows; ++row)
+    {
+        if (_freeSlack[row] < limit)
+            _slacks.lower(row, _freeSlack[row], _freeSlackColumn[row]);
+    }
     std::sort(_freeTightEdges.begin(), _freeTightEdges.end());
     for (const Edge& edge : _freeTightEdges)
     {
-        if (_rowMate[edge.second] == g_none)
-            return edge;
-        visit(edge.second, edge.first);
+        const Edge end = visit(edge.second, edge.first);
+        if (end.second != g_none)
+            return end;
     }
+    std::size_t nbFollowed = 0;
     while (true)
     {
-        Edge edge = followTightEdges();
-        if (edge.second != g_none)
-            return edge;
-        edge = changeLabels();
-        if (edge.second != g_none)
-            return edge;
-    }
-}
-
-/// Searches the visited columns in order. Gives the edge to a free row, if any is reached.
-AssignmentSearch::Edge AssignmentSearch::followTightEdges()
-{
-    for (; _nbSearched < _visitedColumns.size(); ++_nbSearched)
-    {
-        if (!_visitedColumnIsTight[_nbSearched])
-            continue;
-        const ovUInt32 column = _visitedColumns[_nbSearched];
-        const double columnLabel = _visitedColumnLabel[_nbSearched];
-        const double* weights = _weightsByColumn.data() + column * _stride;
-        for (std::size_t next = _reachableRows.next(0); next < _nbRows; next = _reachableRows.next(next + 1))
+        for (; nbFollowed < _tightEdges.size(); ++nbFollowed)
         {
-            const ovUInt32 row = static_cast<ovUInt32>(next);
-            if (!(_rowLabel[row] + columnLabel == weights[row]))
+            const Edge edge = _tightEdges[nbFollowed];
+            if (_visited.contains(edge.second))
                 continue;
-            if (_rowMate[row] == g_none)
-                return Edge(column, row);
-            visit(row, column);
+            const Edge end = visit(edge.second, edge.first);
+            if (end.second != g_none)
+                return end;
         }
+        const Edge end = changeLabels();
+        if (end.second != g_none)
+            return end;
     }
-    return Edge(g_none, g_none);
 }
 
-/// Makes another edge tight, and visits the rows that are reached by it. Gives the edge to a free row, if it is one.
+/// Makes another edge tight, and visits the rows that are reached by it. Gives the edge to a free row, if any is.
 AssignmentSearch::Edge AssignmentSearch::changeLabels()
 {
-    if (!_bLeastSlackKnown)
-    {
-        _leastSlack = NumericLimits<double>::s_max;
-        for (const double slack : _slack)
-            _leastSlack = slack < _leastSlack ? slack : _leastSlack;
-    }
-    const double delta = _leastSlack;
+    const double delta = _slacks.getLeast();
     runKernel<AddToAll>(_freeColumnLabel.data(), _freeColumnLabel.size(), -delta);
     runKernel<AddToAll>(_visitedColumnLabel.data(), _visitedColumnLabel.size(), -delta);
     runKernel<AddToAll>(_visitedRowLabel.data(), _visitedRowLabel.size(), delta);
-    const LowerSlacks::Result lowered = runKernel<LowerSlacks>(_slack.data(), _stride, delta, _listedRows.data());
-    _leastSlack = lowered.leastNonZero;
-    _bLeastSlackKnown = _magnitude < g_infinity;
+    _zeroRows.clear();
+    _slacks.subtract(delta, _zeroRows);
     _leastFreeRowSlack -= delta;
     _nbLabelChanges += 1.0;
     _negativeChanges += delta < 0.0 ? -delta : 0.0;
     updateTolerance();
 
-    // On the way, slacks can become 0 by tight edges of the columns that are reached.
-    for (std::size_t i = 0; i < lowered.nbZeros; ++i)
-        _reachableRows.insert(_listedRows[i]);
-    bool bProgress = false;
-    for (std::size_t next = _reachableRows.next(0); next < _nbRows; next = _reachableRows.next(next + 1))
+    // A free row among these comes before those that are tight with the columns reached on the way, and on the way
+    // slacks can become 0.
+    Edge first(g_none, g_none);
+    for (std::size_t next = _zeroRows.next(0); next < _nbRows; next = _zeroRows.next(next + 1))
     {
-        if (!(_slack[next] == 0.0))
-            continue;
         const ovUInt32 row = static_cast<ovUInt32>(next);
-        const ovUInt32 column = static_cast<ovUInt32>(_slackColumn[row]);
-        // The slack is that of a visited column, unless weights have infinite differences.
-        if (!isColumnVisited(column))
+        if (_slacks.getSlack(row) != 0.0)
             continue;
+        const ovUInt32 column = _slacks.getColumn(row);
         if (_rowMate[row] == g_none)
             return Edge(column, row);
-        bProgress = true;
-        visit(row, column);
+        const Edge end = visit(row, column);
+        if (first.second == g_none)
+            first = end;
     }
-    if (bProgress)
-        return Edge(g_none, g_none);
-    const auto freeRow = std::find(_rowMate.begin(), _rowMate.end(), g_none);
-    return Edge(_freeColumns.front(), static_cast<ovUInt32>(freeRow - _rowMate.begin()));
+    return first;
 }
 
-/// Visits a matched row and reaches its column.
-void AssignmentSearch::visit(ovUInt32 row, ovUInt32 column)
+/// Visits a matched row and reaches its column. Gives the tight edge of that column to the first free row, if any.
+AssignmentSearch::Edge AssignmentSearch::visit(ovUInt32 row, ovUInt32 column)
 {
-    _bLeastSlackKnown = _bLeastSlackKnown && !(_slack[row] < 0.0);
-    _slack[row] = g_nan;
+    _slacks.remove(row);
+    _unvisitedRowLabel[row] = g_infinity;
     _visited.insert(row);
-    _reachableRows.erase(row);
     const ovUInt32 mate = _rowMate[row];
     _parent[mate] = column;
     _visitedRows.push_back(row);
     _visitedRowLabel.push_back(_rowLabel[row]);
     _visitedColumns.push_back(mate);
     _visitedColumnLabel.push_back(_matchedLabel[mate]);
-    _visitedColumnIsTight.push_back(relax(mate));
+    return Edge(mate, relax(mate));
 }
 
-/// Lowers slacks to those of the column; true if it has a tight edge.
-bool AssignmentSearch::relax(ovUInt32 column)
+/// Lowers slacks to those of the column, and lists its tight edges. Gives the first free row with one, if any.
+ovUInt32 AssignmentSearch::relax(ovUInt32 column)
 {
     const double columnLabel = _matchedLabel[column];
-    const double limit = _leastFreeRowSlack + _tolerance;
-    bool bTight = false;
+    const double limit = getSlackLimit();
+    const auto firstTightEdge = static_cast<std::ptrdiff_t>(_tightEdges.size());
+    ovUInt32 firstFreeRow = g_none;
+    const auto relaxRow = [&](ovUInt32 row, double weight)
+    {
+        const bool bFree = _rowMate[row] == g_none;
+        const double slack = (_rowLabel[row] + columnLabel) - weight;
+        _slacks.lower(row, slack, column);
+        if (bFree && slack < _leastFreeRowSlack)
+            _leastFreeRowSlack = slack;
+        if (slack != 0.0)
+            return;
+        _zeroRows.insert(row);
+        if (bFree)
+            firstFreeRow = std::min(firstFreeRow, row);
+        else if (!_listed.contains(row))
+        {
+            _listed.insert(row);
+            _tightEdges.emplace_back(column, row);
+        }
+    };
+
     if (_nearRows.prepare(column, _rowLabel, columnLabel, limit))
     {
         _nearRows.forEach(column, columnLabel, limit,
                           [&](const NearRows::Entry& entry)
-                          { bTight = relaxRow(entry.row, entry.weight, column, columnLabel) || bTight; });
-        return bTight;
+                          {
+                              if (!_visited.contains(entry.row))
+                                  relaxRow(entry.row, entry.weight);
+                          });
+        std::sort(_tightEdges.begin() + firstTightEdge, _tightEdges.end());
+        return firstFreeRow;
     }
-
-    const RelaxRows::Result result =
-        runKernel<RelaxRows>(_slack.data(), _slackColumn.data(), _stride, static_cast<const double*>(_rowLabel.data()),
-                             static_cast<const double*>(_weightsByColumn.data() + column * _stride),
-                             std::int64_t(column), columnLabel, _listedRows.data());
-    _leastSlack = result.leastNonZero;
-    _bLeastSlackKnown = _magnitude < g_infinity;
-    for (std::size_t i = 0; i < result.nbTight; ++i)
-        _reachableRows.insert(_listedRows[i]);
-    return result.nbTight > 0;
-}
-
-bool AssignmentSearch::relaxRow(ovUInt32 row, double weight, ovUInt32 column, double columnLabel)
-{
-    const double sum = _rowLabel[row] + columnLabel;
-    const double slack = sum - weight;
-    if (slack < _slack[row])
-    {
-        // A slack of 0 leaves those that count, and may have been the least of them.
-        if (slack == 0.0)
-            _bLeastSlackKnown = _bLeastSlackKnown && _slack[row] > _leastSlack;
-        else if (slack < _leastSlack)
-            _leastSlack = slack;
-        if (slack < _leastFreeRowSlack && _rowMate[row] == g_none)
-            _leastFreeRowSlack = slack;
-        _slack[row] = slack;
-        _slackColumn[row] = column;
-    }
-    const bool bTight = sum == weight && !_visited.contains(row);
-    if (bTight)
-        _reachableRows.insert(row);
-    return bTight;
+    const double* weights = _weightsByColumn.data() + std::size_t(column) * _nbRows;
+    const std::size_t nbListed =
+        runKernel<ListSlacksBelow>(static_cast<const double*>(_unvisitedRowLabel.data()), columnLabel, weights,
+                                   std::size_t(_nbRows), limit, _rowList.data());
+    for (std::size_t i = 0; i < nbListed; ++i)
+        relaxRow(_rowList[i], weights[_rowList[i]]);
+    return firstFreeRow;
 }
 
 /// Takes the new labels over.
@@ -393,16 +329,17 @@ void AssignmentSearch::closePass()
     for (std::size_t i = 0; i < _visitedRows.size(); ++i)
     {
         _rowLabel[_visitedRows[i]] = _visitedRowLabel[i];
+        _unvisitedRowLabel[_visitedRows[i]] = _visitedRowLabel[i];
         _matchedLabel[_visitedColumns[i]] = _visitedColumnLabel[i];
     }
+    _slacks.clear();
     _visited.clear();
-    _reachableRows.clear();
+    _listed.clear();
+    _tightEdges.clear();
     _visitedRows.clear();
-    _visitedColumns.clear();
     _visitedRowLabel.clear();
+    _visitedColumns.clear();
     _visitedColumnLabel.clear();
-    _visitedColumnIsTight.clear();
-    _nbSearched = 0;
 }
 
 /// Matches along the path that ends with the edge. It starts at a free column.
@@ -427,11 +364,6 @@ void AssignmentSearch::augment(const Edge& edge)
     _freeColumns.erase(_freeColumns.begin() + position);
     _freeColumnLabel.erase(_freeColumnLabel.begin() + position);
     _ranking.remove(column, _freeLabel);
-}
-
-bool AssignmentSearch::isColumnVisited(ovUInt32 column) const
-{
-    return _columnMate[column] == g_none || _visited.contains(_columnMate[column]);
 }
 
 } // namespace details

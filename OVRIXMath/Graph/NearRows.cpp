@@ -23,10 +23,10 @@ std::size_t listDepth(ovUInt32 nbRows)
 
 } // namespace
 
-NearRows::NearRows(const std::vector<double>& weightsByColumn, std::size_t stride, ovUInt32 nbRows, ovUInt32 nbColumns)
-    : _weightsByColumn(weightsByColumn), _stride(stride), _nbRows(nbRows), _depth(listDepth(nbRows)),
-      _entries(nbColumns * 2 * _depth), _size(nbColumns, 0), _bound(nbColumns, -g_infinity), _label(nbColumns, 0.0),
-      _pause(nbColumns, 0), _patience(nbColumns, 1), _leastSlacks(_depth)
+NearRows::NearRows(const double* weightsByColumn, ovUInt32 nbRows, ovUInt32 nbColumns)
+    : _weightsByColumn(weightsByColumn), _nbRows(nbRows), _depth(listDepth(nbRows)), _entries(nbColumns * 2 * _depth),
+      _size(nbColumns, 0), _bound(nbColumns, -g_infinity), _label(nbColumns, 0.0), _pause(nbColumns, 0),
+      _patience(nbColumns, 1), _leastSlacks(_depth)
 {
 }
 
@@ -48,7 +48,7 @@ bool NearRows::prepare(ovUInt32 column, const std::vector<double>& rowLabels, do
 
 void NearRows::makeList(ovUInt32 column, const std::vector<double>& rowLabels, double columnLabel)
 {
-    const double* weights = _weightsByColumn.data() + column * _stride;
+    const double* weights = _weightsByColumn + std::size_t(column) * _nbRows;
     const std::vector<SlackEntry>& least = _leastSlacks.select(rowLabels.data(), columnLabel, weights, _nbRows);
     std::transform(least.begin(), least.end(), _entries.begin() + std::ptrdiff_t(column * 2 * _depth),
                    [&](const SlackEntry& entry) {
@@ -61,7 +61,7 @@ void NearRows::makeList(ovUInt32 column, const std::vector<double>& rowLabels, d
 
 bool NearRows::isLongEnough(ovUInt32 column, double columnLabel, double limit) const
 {
-    return _bound[column] - (_label[column] - columnLabel) > limit;
+    return _bound[column] - (_label[column] - columnLabel) >= limit;
 }
 
 } // namespace details

@@ -15,7 +15,7 @@ namespace details
 /// For each column of an assignment, a list of the rows with the least slacks `(rowLabel + columnLabel) - weight`.
 ///
 /// Row labels only grow, so a slack now is not below the slack when the list was made less what the column's label has
-/// fallen since, but for rounding. The rows with slacks up to a limit are therefore at the front of the list, until the
+/// fallen since, but for rounding. The rows with slacks below a limit are therefore at the front of the list, until the
 /// label has fallen so far that rows outside of the list may be among them.
 class NearRows
 {
@@ -27,20 +27,20 @@ public:
         ovUInt32 row;
     };
 
-    /// @param weightsByColumn table by columns, `stride` apart, which must outlive the object
-    NearRows(const std::vector<double>& weightsByColumn, std::size_t stride, ovUInt32 nbRows, ovUInt32 nbColumns);
+    /// @param weightsByColumn table by columns, which must outlive the object
+    NearRows(const double* weightsByColumn, ovUInt32 nbRows, ovUInt32 nbColumns);
 
-    /// Sees to it that the column's list holds all rows with slacks up to `limit`, if a list may be that long. Lists
+    /// Sees to it that the column's list holds all rows with slacks below `limit`, if a list may be that long. Lists
     /// that turned out too short are tried again ever more rarely.
     bool prepare(ovUInt32 column, const std::vector<double>& rowLabels, double columnLabel, double limit);
 
-    /// Calls `visit(entry)` for entries of the list, among them all with slacks up to `limit`.
+    /// Calls `visit(entry)` for entries of the list, among them all with slacks below `limit`.
     template <class Visit>
     void forEach(ovUInt32 column, double columnLabel, double limit, Visit&& visit) const
     {
         const double fall = _label[column] - columnLabel;
         const Entry* entry = _entries.data() + column * 2 * _depth;
-        for (const Entry* end = entry + _size[column]; entry != end && entry->slack - fall <= limit; ++entry)
+        for (const Entry* end = entry + _size[column]; entry != end && entry->slack - fall < limit; ++entry)
             visit(*entry);
     }
 
@@ -48,8 +48,7 @@ private:
     void makeList(ovUInt32 column, const std::vector<double>& rowLabels, double columnLabel);
     bool isLongEnough(ovUInt32 column, double columnLabel, double limit) const;
 
-    const std::vector<double>& _weightsByColumn;
-    std::size_t _stride;
+    const double* _weightsByColumn;
     ovUInt32 _nbRows;
     std::size_t _depth;              ///< half of the entries of a list at most
     std::vector<Entry> _entries;     ///< the lists, ascending

@@ -5,8 +5,7 @@
 #include <OVRIXUtil/Types.h>
 
 /// @file
-/// The loops of AssignmentSearch over the rows or columns of a table. The slacks of rows that do not take part are NaN,
-/// which no comparison finds.
+/// The loops of AssignmentSearch over the rows or columns of a table.
 
 namespace ovrix
 {
@@ -14,42 +13,6 @@ namespace math
 {
 namespace details
 {
-
-/// Number of rows that are looked at together: tables over the rows are padded to a multiple of it.
-constexpr std::size_t g_rowBlock = 8 * g_maxLanes;
-
-/// Running minimum of packs by strict comparison, kept in several independent parts so that one comparison does not wait
-/// for the other.
-template <int Lanes>
-struct LeastOfPacks
-{
-    static constexpr std::size_t s_nbParts = 4;
-
-    typename Pack<Lanes>::Reals parts[s_nbParts];
-
-    [[gnu::always_inline]] inline explicit LeastOfPacks(double start)
-    {
-        for (auto& part : parts)
-            part = typename Pack<Lanes>::Reals{} + start;
-    }
-
-    [[gnu::always_inline]] inline void add(std::size_t idx, const typename Pack<Lanes>::Reals& pack)
-    {
-        auto& part = parts[idx % s_nbParts];
-        part = pack < part ? pack : part;
-    }
-
-    [[gnu::always_inline]] inline double get() const
-    {
-        double least = parts[0][0];
-        for (const auto& part : parts)
-        {
-            for (int lane = 0; lane < Lanes; ++lane)
-                least = part[lane] < least ? part[lane] : least;
-        }
-        return least;
-    }
-};
 
 /// The least slack of one row over the columns.
 struct LeastSlackOfRow
@@ -106,107 +69,65 @@ struct LeastSlackOfRow
     }
 };
 
-/// Lowers the slacks of all rows to those of one column, where these are less, and lists the rows that take part and for
-/// which `rowLabel + columnLabel == weight`.
-struct RelaxRows
+/// The least of some numbers; s_max without any.
+struct LeastOf
 {
-    struct Result
-    {
-        std::size_t nbTight;
-        double leastNonZero; ///< least slack that is not 0, s_max at most
-    };
-
-    /// @param nbRows a multiple of g_rowBlock
-    /// @param[out] tightRows room for nbRows, filled in ascending order
     template <int Lanes>
-    [[gnu::always_inline]] static inline Result run(double* slacks, std::int64_t* slackColumns, std::size_t nbRows,
-                                                    const double* rowLabels, const double* weights, std::int64_t column,
-                                                    double columnLabel, ovUInt32* tightRows)
+    [[gnu::always_inline]] static inline double run(const double* elements, std::size_t count)
     {
         using Reals = typename Pack<Lanes>::Reals;
-        using Longs = typename Pack<Lanes>::Longs;
-        const Reals none = Reals{} + NumericLimits<double>::s_max;
-        const Longs columns = Longs{} + column;
-        LeastOfPacks<Lanes> least(NumericLimits<double>::s_max);
-        std::size_t nbTight = 0;
-        for (std::size_t block = 0; block < nbRows; block += g_rowBlock)
+        Reals leasts = Reals{} + NumericLimits<double>::s_max;
+        std::size_t i = 0;
+        for (; i + Lanes <= count; i += Lanes)
         {
-            Longs tight{};
-            for (std::size_t part = 0; part < g_rowBlock; part += Lanes)
-            {
-                const std::size_t row = block + part;
-                Reals rowLabel;
-                Reals weight;
-                Reals slack;
-                Longs slackColumn;
-                loadPack(rowLabel, rowLabels + row);
-                loadPack(weight, weights + row);
-                loadPack(slack, slacks + row);
-                loadPack(slackColumn, slackColumns + row);
-                const Reals sum = rowLabel + columnLabel;
-                const Reals candidate = sum - weight;
-                slackColumn = candidate < slack ? columns : slackColumn;
-                slack = candidate < slack ? candidate : slack;
-                storePack(slacks + row, slack);
-                storePack(slackColumns + row, slackColumn);
-                tight |= (sum == weight) & (slack == slack);
-                const Reals nonZero = slack == 0.0 ? none : slack;
-                least.add(part / Lanes, nonZero);
-            }
-            if (anyBits<Lanes>(tight) == 0)
-                continue;
-            for (std::size_t row = block; row < block + g_rowBlock; ++row)
-            {
-                tightRows[nbTight] = static_cast<ovUInt32>(row);
-                nbTight += slacks[row] == slacks[row] && rowLabels[row] + columnLabel == weights[row] ? 1 : 0;
-            }
+            Reals pack;
+            loadPack(pack, elements + i);
+            leasts = pack < leasts ? pack : leasts;
         }
-        return Result{nbTight, least.get()};
+        double least = leasts[0];
+        for (int lane = 1; lane < Lanes; ++lane)
+            least = leasts[lane] < least ? leasts[lane] : least;
+        for (; i < count; ++i)
+            least = elements[i] < least ? elements[i] : least;
+        return least;
     }
 };
 
-/// Subtracts from the slacks of all rows, and lists the rows whose slack is 0 then.
-struct LowerSlacks
+/// Subtracts from all elements, and lists the indices of those that are 0 then.
+struct SubtractAndListZeros
 {
-    struct Result
-    {
-        std::size_t nbZeros;
-        double leastNonZero; ///< least of the other slacks, s_max at most
-    };
-
-    /// @param nbRows a multiple of g_rowBlock
-    /// @param[out] zeroRows room for nbRows, filled in ascending order
+    /// @param[out] listed room for `count`
+    /// @return number of indices listed
     template <int Lanes>
-    [[gnu::always_inline]] static inline Result run(double* slacks, std::size_t nbRows, double delta,
-                                                    ovUInt32* zeroRows)
+    [[gnu::always_inline]] static inline std::size_t run(double* elements, std::size_t count, double amount,
+                                                         ovUInt32* listed)
     {
         using Reals = typename Pack<Lanes>::Reals;
         using Longs = typename Pack<Lanes>::Longs;
-        const Reals none = Reals{} + NumericLimits<double>::s_max;
-        LeastOfPacks<Lanes> least(NumericLimits<double>::s_max);
-        std::size_t nbZeros = 0;
-        for (std::size_t block = 0; block < nbRows; block += g_rowBlock)
+        std::size_t nbListed = 0;
+        const auto listZeros = [&](std::size_t start, std::size_t end)
         {
-            Longs zeros{};
-            for (std::size_t part = 0; part < g_rowBlock; part += Lanes)
+            for (std::size_t i = start; i < end; ++i)
             {
-                Reals slack;
-                loadPack(slack, slacks + block + part);
-                slack -= delta;
-                storePack(slacks + block + part, slack);
-                zeros |= slack == 0.0;
-                const Reals nonZero = slack == 0.0 ? none : slack;
-                least.add(part / Lanes, nonZero);
+                if (elements[i] == 0.0)
+                    listed[nbListed++] = static_cast<ovUInt32>(i);
             }
-            if (anyBits<Lanes>(zeros) == 0)
-                continue;
-            for (std::size_t row = block; row < block + g_rowBlock; ++row)
-            {
-                zeroRows[nbZeros] = static_cast<ovUInt32>(row);
-                nbZeros += slacks[row] == 0.0 ? 1 : 0;
-            }
+        };
+        std::size_t i = 0;
+        for (; i + Lanes <= count; i += Lanes)
+        {
+            Reals pack;
+            loadPack(pack, elements + i);
+            pack -= amount;
+            storePack(elements + i, pack);
+            const Longs zeros = pack == 0.0;
+            if (anyBits<Lanes>(zeros) != 0)
+                listZeros(i, i + Lanes);
         }
-        return Result{nbZeros, least.get()};
+        for (std::size_t j = i; j < count; ++j)
+            elements[j] -= amount;
+        listZeros(i, count);
+        return nbListed;
     }
 };
 
@@ -235,6 +156,9 @@ struct ListSlacksBelow
         while (start + block <= count)
         {
             Longs below{};
+            // Far enough to be on the next page in time, where the processor does not look by itself.
+            __builtin_prefetch(weights + start + 256);
+            __builtin_prefetch(weights + start + 264);
             for (std::size_t part = 0; part < block; part += Lanes)
             {
                 Reals labelPack;
