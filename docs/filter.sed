@@ -1,5 +1,8 @@
 # Blanks what is no part of a reader's interface, unless a comment stands before it: declarations of explicit
 # instantiations, and plain copies. Keeps the numbers of the lines.
+#
+# Pictures of the guides are named alone, as they stand beside the pages.
+s|](\.\./pictures/|](|
 :comment
 /^ *\/\/\//{
     n
