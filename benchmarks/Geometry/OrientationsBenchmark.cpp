@@ -35,7 +35,7 @@ BENCHMARK(lookUpDirections)
     ->Iterations(2000)
     ->Unit(benchmark::kNanosecond);
 
-/// Beside the two draws of each direction, into a new vector of as many numbers.
+/// Beside the two draws of each direction, into a new vector of as many numbers; what is left is the arccosine.
 void drawDirections(benchmark::State& state)
 {
     const auto nbDirections = static_cast<unsigned long>(state.range(0));
