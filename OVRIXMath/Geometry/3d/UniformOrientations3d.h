@@ -29,10 +29,10 @@ struct PhiTheta
 
 /// As many directions, spread over the unit sphere.
 ///
-/// Up to 400 they are those of solveThomsonProblem(), the same at every call. Beyond 400 they are random and independent,
-/// with uniform density on the sphere: for each direction in turn, u1 and then u2 are drawn from [0, 1) by the generator
-/// of RandomUniformGenerator; phi is 2 pi u1, in [0, 2 pi), and theta is acos(2 u2 - 1), in [0, pi]. No lock is taken then:
-/// callers that draw from this generator on several threads must order their calls.
+/// Up to 400 they are those of solveThomsonProblem(), the same at every call. Beyond 400 they are random and
+/// independent, with uniform density on the sphere: for each direction in turn, u1 and then u2 are drawn from [0, 1) by
+/// the generator of RandomUniformGenerator; phi is 2 pi u1, in [0, 2 pi), and theta is acos(2 u2 - 1), in [0, pi]. No
+/// lock is taken then: callers that draw from this generator on several threads must order their calls.
 ///
 /// @return exactly `nbOrientations` directions
 /// @throws std::length_error when no vector can hold that many
