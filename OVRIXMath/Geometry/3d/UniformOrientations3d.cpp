@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <type_traits>
 
 namespace ovrix
 {
@@ -62,9 +63,10 @@ std::vector<PhiTheta> solveThomsonProblem(unsigned long nbPoints)
 
     const boost::lock_guard<boost::mutex> lock(ThomsonProblemSolutionsMutex::get());
     const ovReal64* const table = details::selectThomsonTable(nbPoints);
-    static_assert(sizeof(PhiTheta) == 2 * sizeof(ovReal64), "a record is phi and theta, as in the tables");
+    static_assert(std::is_trivially_copyable<PhiTheta>::value && sizeof(PhiTheta) == 2 * sizeof(ovReal64),
+                  "a record is phi and theta, as in the tables");
     if (nbPoints > 0)
-        std::memcpy(solution.data(), table, nbPoints * sizeof(PhiTheta));
+        std::memcpy(static_cast<void*>(solution.data()), table, nbPoints * sizeof(PhiTheta));
     return solution;
 }
 
