@@ -1,6 +1,9 @@
 # Blanks what is no part of a reader's interface, unless a comment stands before it: declarations of explicit
 # instantiations, and plain copies. A concrete transform is shown as derived from the public base behind the templates
 # that it is made of. Keeps the numbers of the lines.
+#
+# Pictures of the guides are named alone, as they stand beside the pages.
+s|](\.\./pictures/|](|
 :comment
 /^ *\/\/\//{
     n

@@ -48,7 +48,7 @@ bool g_bFreeBeforeUnlock = false;
 std::size_t g_nbEntries = 0;
 Entry g_entries[g_maxEntries];
 
-void note(Event event, const void* pObject)
+void note(Event event, void* pObject)
 {
     if (g_bWatching && g_nbEntries < g_maxEntries)
         g_entries[g_nbEntries++] = {event, pObject};

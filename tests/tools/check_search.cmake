@@ -1,4 +1,5 @@
-# Fails unless a search of PROGRAM finds the sets of 5 and 6 points, keeps them in a file in FOLDER and goes on from there.
+# Fails unless a search of PROGRAM finds the sets of 5 and 6 points, keeps them in a file in FOLDER
+# and goes on from there.
 set(tables "${FOLDER}/searched_tables.txt")
 file(REMOVE "${tables}")
 execute_process(COMMAND "${PROGRAM}" search "${tables}" --sizes 5-6 --hops 5

@@ -49,8 +49,8 @@ using SearchListener = std::function<void(const SearchState&)>;
 
 /// Looks for tables of lower energy by basin hopping.
 ///
-/// In the first round and every second one after it, a visit starts from the table as it stands, so that a search goes on
-/// from where another ended; in the rounds between, and where there is no table yet, from random points.
+/// In the first round and every second one after it, a visit starts from the table as it stands, so that a search goes
+/// on from where another ended; in the rounds between, and where there is no table yet, from random points.
 ///
 /// @param onHop called after each hop
 /// @param onNewTable called when a table has been replaced or added

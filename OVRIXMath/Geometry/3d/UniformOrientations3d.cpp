@@ -9,6 +9,8 @@
 #include <boost/thread/mutex.hpp>
 
 #include <cmath>
+#include <cstring>
+#include <type_traits>
 
 namespace ovrix
 {
@@ -61,8 +63,10 @@ std::vector<PhiTheta> solveThomsonProblem(unsigned long nbPoints)
 
     const boost::lock_guard<boost::mutex> lock(ThomsonProblemSolutionsMutex::get());
     const ovReal64* const table = details::selectThomsonTable(nbPoints);
-    for (unsigned long i = 0; i < nbPoints; ++i)
-        solution[i] = {table[2 * i], table[2 * i + 1]};
+    static_assert(std::is_trivially_copyable<PhiTheta>::value && sizeof(PhiTheta) == 2 * sizeof(ovReal64),
+                  "a record is phi and theta, as in the tables");
+    if (nbPoints > 0)
+        std::memcpy(static_cast<void*>(solution.data()), table, nbPoints * sizeof(PhiTheta));
     return solution;
 }
 

@@ -6,7 +6,14 @@
 #include <vector>
 
 /// @file
-/// Directions spread evenly over the unit sphere. See the guide docs/guides/orientations.md.
+/// Directions spread evenly over the unit sphere, to look at something from all sides. The guide on directions has
+/// pictures of them.
+///
+/// ```cpp
+/// std::vector<ovReal64> heights;
+/// for (const PhiTheta& direction : computeUniformlyDistOrientations3d(200))
+///     heights.push_back(std::cos(direction.theta));
+/// ```
 
 namespace ovrix
 {
@@ -20,13 +27,12 @@ struct PhiTheta
     ovReal64 theta = 0.0; ///< polar angle from +z
 };
 
-/// Directions spread over the unit sphere.
+/// As many directions, spread over the unit sphere.
 ///
-/// Up to 400, they are those of solveThomsonProblem(), the same at every call. Beyond, they are random and independent,
-/// with uniform density on the sphere: for each direction in turn, u1 and then u2 are drawn from [0, 1) by the
-/// generator of RandomUniformGenerator, phi is 2 pi u1, in [0, 2 pi), and theta is acos(2 u2 - 1), in [0, pi]. No lock is
-/// taken then: callers on several threads that want a known sequence must order their calls, as with everything that is
-/// drawn from this generator.
+/// Up to 400 they are those of solveThomsonProblem(), the same at every call. Beyond 400 they are random and
+/// independent, with uniform density on the sphere: for each direction in turn, u1 and then u2 are drawn from [0, 1) by
+/// the generator of RandomUniformGenerator; phi is 2 pi u1, in [0, 2 pi), and theta is acos(2 u2 - 1), in [0, pi]. No
+/// lock is taken then: callers that draw from this generator on several threads must order their calls.
 ///
 /// @return exactly `nbOrientations` directions
 /// @throws std::length_error when no vector can hold that many

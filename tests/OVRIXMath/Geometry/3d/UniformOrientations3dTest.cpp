@@ -2,7 +2,7 @@
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/random/mersenne_twister.hpp>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <array>
 #include <charconv>
@@ -11,10 +11,12 @@
 #include <fstream>
 #include <limits>
 #include <map>
+#include <numeric>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <support/LogCapture.h>
 #include <thread>
 #include <type_traits>
@@ -267,6 +269,17 @@ TEST(ThomsonProblem, GivesEachOfManyThreadsItsWholeTable)
         thread.join();
     for (std::size_t i = 0; i < sizes.size(); ++i)
         EXPECT_EQ(numbersOf(results[i]), numbersOf(solveThomsonProblem(sizes[i])));
+}
+
+TEST(UniformOrientations3d, BalanceInTheExampleOfTheHeader)
+{
+    std::vector<ovReal64> heights;
+    for (const PhiTheta& direction : computeUniformlyDistOrientations3d(200))
+        heights.push_back(std::cos(direction.theta));
+
+    EXPECT_NEAR(std::accumulate(heights.begin(), heights.end(), 0.0), 0.0, 0.1);
+    EXPECT_THAT(test::readCode(__FILE__),
+                testing::HasSubstr(test::readExample("OVRIXMath/Geometry/3d/UniformOrientations3d.h")));
 }
 
 TEST(UniformOrientations3d, AreTheThomsonSolutionsUpToFourHundred)
