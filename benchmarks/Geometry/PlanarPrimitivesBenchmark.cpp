@@ -112,7 +112,6 @@ void ellipseToQuadratic(benchmark::State& state)
 }
 BENCHMARK(ellipseToQuadratic)->Apply(bench::inRounds);
 
-/// By the angle of the axes, half the arc tangent of 2 b / (a - c).
 [[gnu::noinline]] bool plainFromQuadratic(double a, double b, double c, double d, double e, double f, double& cx,
                                           double& cy, double& theta, double& r1, double& r2)
 {
@@ -121,11 +120,20 @@ BENCHMARK(ellipseToQuadratic)->Apply(bench::inRounds);
         return false;
     cx = (b * e - c * d) / (2.0 * disc);
     cy = (b * d - a * e) / (2.0 * disc);
-    const double level = a * cx * cx + 2.0 * b * cx * cy + c * cy * cy - f;
+    const double g = 1.0 / (a * cx * cx + 2.0 * b * cx * cy + c * cy * cy - f);
+    a *= g;
+    b *= g;
+    c *= g;
     const double root = std::sqrt(4.0 * b * b + (a - c) * (a - c));
-    r1 = std::sqrt(2.0 * level / (a + c - root));
-    r2 = std::sqrt(2.0 * level / (a + c + root));
-    theta = std::atan2(2.0 * b, a - c) / 2.0;
+    const double l2 = (a + c + root) / 2.0;
+    r1 = 1.0 / std::sqrt((a + c - root) / 2.0);
+    r2 = 1.0 / std::sqrt(l2);
+    const double phi = a >= c ? std::atan2(b, l2 - c) : std::atan2(l2 - a, b);
+    theta = std::fmod(phi + M_PI_2, M_PI);
+    if (theta >= M_PI_2)
+        theta -= M_PI;
+    if (theta < -M_PI_2)
+        theta += M_PI;
     return true;
 }
 
@@ -245,27 +253,24 @@ void pointOfEllipse(benchmark::State& state)
         [](const auto& v)
         {
             double x = 0.0, y = 0.0;
-            ellipsePoint(v[0], v[1], v[3], v[4], v[2], 0.5, x, y);
+            ellipsePoint(v[0], v[1], v[3], v[4], v[2], v[0], x, y);
             return x + y;
         },
         [](const auto& v)
         {
             double x = 0.0, y = 0.0;
-            plainPoint(v[0], v[1], v[3], v[4], v[2], 0.5, x, y);
+            plainPoint(v[0], v[1], v[3], v[4], v[2], v[0], x, y);
             return x + y;
         });
 }
 BENCHMARK(pointOfEllipse)->Apply(bench::inRounds);
 
-/// The normal by a division, without cosine and sine.
 [[gnu::noinline]] bool plainLine(double x1, double y1, double x2, double y2, double& rho, double& theta)
 {
-    const double dx = x1 - x2, dy = y1 - y2;
-    const double length = std::sqrt(dx * dx + dy * dy);
-    if (length == 0.0)
+    if (x1 == x2 && y1 == y2)
         return false;
-    rho = (y1 * dx - x1 * dy) / length;
-    theta = std::atan2(dx, -dy);
+    theta = std::atan2(x1 - x2, y2 - y1);
+    rho = x1 * std::cos(theta) + y1 * std::sin(theta);
     return true;
 }
 
