@@ -1,6 +1,12 @@
 #pragma once
 
 #include <OVRIXMath/Clustering/KMeansClustering.h>
+#include <OVRIXMath/Clustering/Kernel/LinearKernel.h>
+#include <OVRIXMath/Clustering/Kernel/PolynomialKernel.h>
+#include <OVRIXMath/Clustering/Kernel/RadialBasisKernel.h>
+#include <OVRIXMath/Clustering/Kernel/SigmoidKernel.h>
+#include <OVRIXMath/Clustering/KernelKMeansClustering.h>
+#include <OVRIXMath/Clustering/SpectralClustering.h>
 #include <OVRIXMath/Estimation/EstimationConfig.h>
 #include <OVRIXMath/Export.h>
 #include <OVRIXMath/Statistics/ExtremaUtils.h>
@@ -21,16 +27,6 @@ namespace math
 {
 
 class BaseHistogram;
-
-namespace clustering
-{
-class KernelKMeansClusteringConfig;
-template <class KernelType>
-class KernelKMeansClustering;
-template <class KernelType>
-class SpectralClustering;
-} // namespace clustering
-
 } // namespace math
 
 extern template class OVRIXMATH_EXPORT SerializableClass<math::BaseHistogram, BaseSerializationObject>;
@@ -307,6 +303,31 @@ private:
 ///
 /// Without bins it writes the line "Histogram not initialized".
 OVRIXMATH_EXPORT std::ostream& operator<<(std::ostream& stream, const BaseHistogram& histogram);
+
+extern template OVRIXMATH_EXPORT boost::shared_ptr<clustering::KernelKMeansClustering<clustering::LinearKernel>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32, const clustering::LinearKernel&, bool,
+                                           const clustering::KernelKMeansClusteringConfig&) const;
+extern template OVRIXMATH_EXPORT boost::shared_ptr<clustering::SpectralClustering<clustering::LinearKernel>>
+BaseHistogram::applySpectralClustering(ovUInt32, const clustering::LinearKernel&, bool,
+                                       const clustering::KernelKMeansClusteringConfig&) const;
+extern template OVRIXMATH_EXPORT boost::shared_ptr<clustering::KernelKMeansClustering<clustering::PolynomialKernel>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32, const clustering::PolynomialKernel&, bool,
+                                           const clustering::KernelKMeansClusteringConfig&) const;
+extern template OVRIXMATH_EXPORT boost::shared_ptr<clustering::SpectralClustering<clustering::PolynomialKernel>>
+BaseHistogram::applySpectralClustering(ovUInt32, const clustering::PolynomialKernel&, bool,
+                                       const clustering::KernelKMeansClusteringConfig&) const;
+extern template OVRIXMATH_EXPORT boost::shared_ptr<clustering::KernelKMeansClustering<clustering::RadialBasisKernel>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32, const clustering::RadialBasisKernel&, bool,
+                                           const clustering::KernelKMeansClusteringConfig&) const;
+extern template OVRIXMATH_EXPORT boost::shared_ptr<clustering::SpectralClustering<clustering::RadialBasisKernel>>
+BaseHistogram::applySpectralClustering(ovUInt32, const clustering::RadialBasisKernel&, bool,
+                                       const clustering::KernelKMeansClusteringConfig&) const;
+extern template OVRIXMATH_EXPORT boost::shared_ptr<clustering::KernelKMeansClustering<clustering::SigmoidKernel>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32, const clustering::SigmoidKernel&, bool,
+                                           const clustering::KernelKMeansClusteringConfig&) const;
+extern template OVRIXMATH_EXPORT boost::shared_ptr<clustering::SpectralClustering<clustering::SigmoidKernel>>
+BaseHistogram::applySpectralClustering(ovUInt32, const clustering::SigmoidKernel&, bool,
+                                       const clustering::KernelKMeansClusteringConfig&) const;
 
 } // namespace math
 } // namespace ovrix

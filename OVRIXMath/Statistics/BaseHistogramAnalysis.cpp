@@ -188,6 +188,24 @@ BaseHistogram::applyKMeansClustering(ovUInt32 nbClusters, bool bIncludeOutOfBoun
                            boost::make_shared<clustering::KMeansClustering>());
 }
 
+template <class KernelType>
+boost::shared_ptr<clustering::KernelKMeansClustering<KernelType>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32 nbClusters, const KernelType& kernel, bool bIncludeOutOfBounds,
+                                           const clustering::KernelKMeansClusteringConfig& config) const
+{
+    return applyClustering(*this, nbClusters, bIncludeOutOfBounds, config,
+                           boost::make_shared<clustering::KernelKMeansClustering<KernelType>>(kernel));
+}
+
+template <class KernelType>
+boost::shared_ptr<clustering::SpectralClustering<KernelType>>
+BaseHistogram::applySpectralClustering(ovUInt32 nbClusters, const KernelType& kernel, bool bIncludeOutOfBounds,
+                                       const clustering::KernelKMeansClusteringConfig& config) const
+{
+    return applyClustering(*this, nbClusters, bIncludeOutOfBounds, config,
+                           boost::make_shared<clustering::SpectralClustering<KernelType>>(kernel));
+}
+
 HistogramGaussianCurveFit BaseHistogram::fitGaussianCurve(const EstimationConfig& config,
                                                           bool bIncludeOutOfBounds) const
 {
@@ -215,6 +233,31 @@ HistogramGaussianCurveFit BaseHistogram::fitGaussianCurve(const EstimationConfig
     }
     return fit;
 }
+
+template OVRIXMATH_EXPORT boost::shared_ptr<clustering::KernelKMeansClustering<clustering::LinearKernel>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32, const clustering::LinearKernel&, bool,
+                                           const clustering::KernelKMeansClusteringConfig&) const;
+template OVRIXMATH_EXPORT boost::shared_ptr<clustering::SpectralClustering<clustering::LinearKernel>>
+BaseHistogram::applySpectralClustering(ovUInt32, const clustering::LinearKernel&, bool,
+                                       const clustering::KernelKMeansClusteringConfig&) const;
+template OVRIXMATH_EXPORT boost::shared_ptr<clustering::KernelKMeansClustering<clustering::PolynomialKernel>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32, const clustering::PolynomialKernel&, bool,
+                                           const clustering::KernelKMeansClusteringConfig&) const;
+template OVRIXMATH_EXPORT boost::shared_ptr<clustering::SpectralClustering<clustering::PolynomialKernel>>
+BaseHistogram::applySpectralClustering(ovUInt32, const clustering::PolynomialKernel&, bool,
+                                       const clustering::KernelKMeansClusteringConfig&) const;
+template OVRIXMATH_EXPORT boost::shared_ptr<clustering::KernelKMeansClustering<clustering::RadialBasisKernel>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32, const clustering::RadialBasisKernel&, bool,
+                                           const clustering::KernelKMeansClusteringConfig&) const;
+template OVRIXMATH_EXPORT boost::shared_ptr<clustering::SpectralClustering<clustering::RadialBasisKernel>>
+BaseHistogram::applySpectralClustering(ovUInt32, const clustering::RadialBasisKernel&, bool,
+                                       const clustering::KernelKMeansClusteringConfig&) const;
+template OVRIXMATH_EXPORT boost::shared_ptr<clustering::KernelKMeansClustering<clustering::SigmoidKernel>>
+BaseHistogram::applyKernelKMeansClustering(ovUInt32, const clustering::SigmoidKernel&, bool,
+                                           const clustering::KernelKMeansClusteringConfig&) const;
+template OVRIXMATH_EXPORT boost::shared_ptr<clustering::SpectralClustering<clustering::SigmoidKernel>>
+BaseHistogram::applySpectralClustering(ovUInt32, const clustering::SigmoidKernel&, bool,
+                                       const clustering::KernelKMeansClusteringConfig&) const;
 
 } // namespace math
 } // namespace ovrix
