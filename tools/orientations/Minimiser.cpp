@@ -44,7 +44,9 @@ double maxLength(const std::vector<double>& coordinates)
         const double x = coordinates[i];
         const double y = coordinates[nbPoints + i];
         const double z = coordinates[2 * nbPoints + i];
-        squared = std::max(squared, x * x + y * y + z * z);
+        const double length = x * x + y * y + z * z;
+        if (!(length <= squared)) // also for what is not a number
+            squared = length;
     }
     return std::sqrt(squared);
 }
@@ -190,13 +192,15 @@ void Minimiser::bisect(double energy, double length)
 /// Goes on to the next point; the pair is kept unless the energy curves downwards along the step.
 void Minimiser::remember()
 {
-    Pair& pair = _pairs[_nbRemembered % s_nbPairs];
-    std::transform(_next.begin(), _next.end(), _current.begin(), pair.step.begin(), std::minus<>());
-    std::transform(_nextGradient.begin(), _nextGradient.end(), _currentGradient.begin(), pair.difference.begin(),
-                   std::minus<>());
-    const double product = dot(pair.step, pair.difference);
+    double product = 0.0;
+    for (std::size_t i = 0; i < _next.size(); ++i)
+        product += (_next[i] - _current[i]) * (_nextGradient[i] - _currentGradient[i]);
     if (product > 0.0)
     {
+        Pair& pair = _pairs[_nbRemembered % s_nbPairs]; // the oldest, once all are taken
+        std::transform(_next.begin(), _next.end(), _current.begin(), pair.step.begin(), std::minus<>());
+        std::transform(_nextGradient.begin(), _nextGradient.end(), _currentGradient.begin(), pair.difference.begin(),
+                       std::minus<>());
         pair.inverseProduct = 1.0 / product;
         ++_nbRemembered;
     }

@@ -17,7 +17,7 @@ PointSet drawPoints(std::size_t nbPoints, Generator& generator);
 /// Turns all points by one rotation, uniform over all rotations.
 void turnAtRandom(PointSet& points, Generator& generator);
 
-/// Moves the points of a random cap at random, each by less than the usual distance of neighbours.
+/// Moves the points of a random cap at random, most of them by less than the usual distance of neighbours.
 void jigglePoints(PointSet& points, Generator& generator);
 
 /// Takes up to three points out, those under most pressure or any, and puts each into a place of low potential.

@@ -49,7 +49,9 @@ double computeLongestGradient(const PointSet& points)
         const double x = gradient.x()[i] - radial * points.x()[i];
         const double y = gradient.y()[i] - radial * points.y()[i];
         const double z = gradient.z()[i] - radial * points.z()[i];
-        longest = std::max(longest, std::sqrt(x * x + y * y + z * z));
+        const double length = std::sqrt(x * x + y * y + z * z);
+        if (!(length <= longest)) // also for what is not a number
+            longest = length;
     }
     return longest;
 }
@@ -76,6 +78,8 @@ TableReport checkTable(std::size_t nbPoints, const Records& records)
     report.energy = computeExactEnergy(records);
     report.smallestDistance = computeSmallestDistance(points);
     report.gradient = computeLongestGradient(points);
+    if (!(report.smallestDistance > 0.0))
+        report.faults.push_back("two of its points are the same");
     return report;
 }
 

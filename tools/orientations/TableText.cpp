@@ -22,6 +22,12 @@ double cut(double value)
     return std::strtod(cutDigits(value).c_str(), nullptr);
 }
 
+/// Whether cutDigits() takes the number: it knows one digit before the point, and no sign.
+bool isWritable(double value)
+{
+    return value >= 0.0 && value < 10.0;
+}
+
 } // namespace
 
 std::string cutDigits(double value)
@@ -67,11 +73,18 @@ Tables readTables(std::istream& stream)
     {
         if (key != "N" || !(stream >> nbPoints))
             throw std::runtime_error("a set of directions should begin with N and its number of points");
-        Records& records = tables[nbPoints];
-        records.clear();
+        const auto [entry, bNew] = tables.try_emplace(nbPoints);
+        if (!bNew)
+            throw std::runtime_error("there are two sets of " + std::to_string(nbPoints) + " directions");
+        Records& records = entry->second;
         Record record;
         while (records.size() < nbPoints && stream >> record.phi >> record.theta)
+        {
+            if (!isWritable(record.phi) || !isWritable(record.theta))
+                throw std::runtime_error("an angle of the set of " + std::to_string(nbPoints) +
+                                         " directions is not in [0, 10)");
             records.push_back(record);
+        }
         if (records.size() < nbPoints)
             throw std::runtime_error("the set of " + std::to_string(nbPoints) + " directions is not complete");
     }

@@ -36,6 +36,14 @@ using Arguments = std::vector<std::string>;
 /// Tables of 1 to this many points make a whole set.
 constexpr std::size_t g_nbTables = 400;
 
+/// Sets of more points are not looked for.
+constexpr std::size_t g_maxNbPoints = 10000;
+
+constexpr double g_maxSeconds = 1e9;
+
+/// Tables that stand above their minima and stay so.
+constexpr const char* g_keptTables = "4,13,300,400";
+
 /// Reads sizes as "205-399,12" gives them.
 std::vector<std::size_t> readSizes(const std::string& text)
 {
@@ -50,7 +58,7 @@ std::vector<std::size_t> readSizes(const std::string& text)
         std::size_t last = first;
         if (read.ptr != pEnd && *read.ptr == '-')
             read = std::from_chars(read.ptr + 1, pEnd, last);
-        if (read.ec != std::errc() || read.ptr != pEnd || first < 1)
+        if (read.ec != std::errc() || read.ptr != pEnd || first < 1 || last < first || last > g_maxNbPoints)
             throw std::runtime_error(range + " is no number of points, nor a range of them");
         for (std::size_t size = first; size <= last; ++size)
             sizes.push_back(size);
@@ -92,7 +100,8 @@ po::options_description describeSearch()
         "search TABLES    looks for tables of lower energy, puts them into the file at once, and "
         "lists size, energy and fall of each");
     options.add_options()("sizes", po::value<std::string>()->default_value("1-400"), "numbers of points");
-    options.add_options()("except", po::value<std::string>()->default_value(""), "numbers of points to leave out");
+    options.add_options()("except", po::value<std::string>()->default_value(g_keptTables),
+                          "numbers of points to leave out");
     options.add_options()("hops", po::value<std::size_t>()->default_value(100), "hops around a table");
     options.add_options()("rounds", po::value<std::size_t>()->default_value(1),
                           "rounds over all sizes; every second one starts from random points");
@@ -115,7 +124,10 @@ void runSearch(const Arguments& arguments)
             plan.sizes.push_back(size);
     plan.nbHops = values["hops"].as<std::size_t>();
     plan.nbRounds = values["rounds"].as<std::size_t>();
-    plan.time = std::chrono::duration<double>(values["seconds"].as<double>());
+    const double seconds = values["seconds"].as<double>();
+    if (!(seconds >= 0.0 && seconds <= g_maxSeconds))
+        throw std::runtime_error("The search can take from 0 to 1e9 seconds");
+    plan.time = std::chrono::duration<double>(seconds);
     plan.seed = values["seed"].as<unsigned long>();
 
     std::cout << std::fixed << std::setprecision(9);

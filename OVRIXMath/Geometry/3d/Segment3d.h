@@ -16,11 +16,12 @@ namespace ovrix
 namespace math
 {
 
-/// Whether the segments have a point in common when seen along z; touching ends and overlaps count.
+/// Whether the segments have a point in common when seen along z; touching ends and overlaps count. Two segments of
+/// length 0 intersect only when they are equal in z too.
 ///
 /// The answer is that of the Cartesian strategy of `boost::geometry::intersection` in double precision, which decides in
-/// the x-y plane and compares z only to tell a segment from a point. So segments that cross in projection intersect
-/// whatever their heights; this is meant.
+/// the x-y plane and compares z only to tell a segment from a point, and a point from another. So segments that cross
+/// in projection intersect whatever their heights; this is meant.
 ///
 /// @tparam T `int`, `unsigned int`, `float` or `double`
 template <class T>

@@ -123,6 +123,16 @@ TEST(Search, TellsOfEachHopAndEndsWithItsRounds)
     EXPECT_EQ(hops, (std::vector<std::size_t>{1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3}));
 }
 
+TEST(Search, EndsAMillionRoundsInTime)
+{
+    Tables tables;
+    SearchPlan plan = makePlan({5, 6}, 1000);
+    plan.nbRounds = 1000000;
+    plan.time = std::chrono::milliseconds(50);
+    search(tables, plan, ignore, ignore);
+    EXPECT_FALSE(tables.empty());
+}
+
 TEST(Search, EndsInTime)
 {
     Tables tables;

@@ -51,6 +51,13 @@ TEST(TableCheck, FindsAWrongNumberOfRecords)
     EXPECT_THAT(checkTable(4, g_corner).faults, ElementsAre("it has 3 records"));
 }
 
+TEST(TableCheck, FindsEqualPoints)
+{
+    const TableReport report = checkTable(2, {{1.0, 1.0}, {1.0, 1.0}});
+    EXPECT_THAT(report.faults, ElementsAre("two of its points are the same"));
+    EXPECT_FALSE(report.gradient < 1.0);
+}
+
 TEST(TableCheck, FindsAnglesOutOfRange)
 {
     EXPECT_THAT(checkTable(2, {{6.2832, 1.0}, {1.0, 3.1416}}).faults,

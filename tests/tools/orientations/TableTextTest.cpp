@@ -88,6 +88,9 @@ TEST(TableText, RefusesWhatIsNoTable)
     expectRefusal("N x\n", "a set of directions should begin with N and its number of points");
     expectRefusal("N 2\n0 0\n1", "the set of 2 directions is not complete");
     expectRefusal("N 2\n0 0\nN 1\n0 0\n", "the set of 2 directions is not complete");
+    expectRefusal("N 1\n0 0\nN 1\n0 0\n", "there are two sets of 1 directions");
+    expectRefusal("N 1\n-0.5 0\n", "an angle of the set of 1 directions is not in [0, 10)");
+    expectRefusal("N 1\n0 12.5\n", "an angle of the set of 1 directions is not in [0, 10)");
 }
 
 TEST(TableText, TellsWhichFileCannotBeRead)

@@ -147,6 +147,13 @@ TYPED_TEST(SegmentsIntersects3d, ComparesTheHeightsOfTwoPoints)
     EXPECT_FALSE(intersects<TypeParam>({1, 2, 3}, {1, 2, 3}, {1, 2, 4}, {1, 2, 4}));
 }
 
+TYPED_TEST(SegmentsIntersects3d, DoesNotCompareTheHeightsOfAPointAndAnUprightSegment)
+{
+    EXPECT_TRUE(intersects<TypeParam>({1, 2, 3}, {1, 2, 3}, {1, 2, 0}, {1, 2, 9}));
+    EXPECT_TRUE(intersects<TypeParam>({1, 2, 30}, {1, 2, 30}, {1, 2, 0}, {1, 2, 9}));
+    EXPECT_TRUE(intersects<TypeParam>({1, 2, 0}, {1, 2, 9}, {1, 2, 30}, {1, 2, 30}));
+}
+
 TYPED_TEST(SegmentsIntersects3d, FollowsTheTurnsOfTheEndsInProjection)
 {
     std::mt19937 generator(101);

@@ -73,6 +73,23 @@ TYPED_TEST(TransformAllocation, TheMatrixAllocatesNothing)
     EXPECT_EQ(countSteadyAllocations([&] { corner += this->_transform.getHomogenousMatrix()(0, 0); }), 0u);
 }
 
+TYPED_TEST(TransformAllocation, TheInverseMatrixAllocatesWhatTheInverseOfAMatrixTakesWhereItIsOne)
+{
+    double corner = 0.0;
+    EXPECT_EQ(countSteadyAllocations([&] { corner += this->_transform.getInvHomogenousMatrix()(0, 0); }),
+              countLuAllocations<TypeParam>());
+}
+
+TYPED_TEST(TransformAllocation, InvertibilityAllocatesWhatTheInverseOfAMatrixTakesForHomographiesAlone)
+{
+    constexpr bool bLooks =
+        std::is_same<TypeParam, Homography2d>::value || std::is_same<TypeParam, Homography3d>::value;
+    bool bInvertible = true;
+    EXPECT_EQ(countSteadyAllocations([&] { bInvertible &= this->_base.isInvertible(); }),
+              bLooks ? countLuAllocations<TypeParam>() : 0u);
+    EXPECT_TRUE(bInvertible);
+}
+
 TYPED_TEST(TransformAllocation, ParametersAllocateTheVectorThatIsReturned)
 {
     double sum = 0.0;

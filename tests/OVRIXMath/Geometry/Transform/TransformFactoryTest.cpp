@@ -5,6 +5,7 @@
 
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LogCapture.h>
 #include <support/Transforms.h>
 #include <thread>
 
@@ -14,6 +15,19 @@ namespace math
 {
 namespace transform
 {
+
+/// Expects the call to raise, and to log what it raises once, as an error of the library.
+template <class Call>
+void expectRaisesAndLogs(const std::string& text, Call&& call)
+{
+    const test::LogCapture log;
+    test::expectMathRaises(text, call);
+    const std::vector<test::LogLine> lines = log.getLines();
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines.front().text, text);
+    EXPECT_EQ(lines.front().level, 40000);
+    EXPECT_EQ(lines.front().logger, "OVRIX.OVRIXMath");
+}
 
 template <class Family>
 class FamilyFactory : public ::testing::Test
@@ -112,6 +126,26 @@ TYPED_TEST(FamilyFactory, ATypeThatIsNotRegisteredRaises)
     test::expectMathRaises(text, [&] { TypeParam::Factory::getNbParams(this->type(8)); });
     test::expectMathRaises(text, [&] { TypeParam::Factory::createTransform(this->type(8)); });
     test::expectMathRaises(text, [&] { TypeParam::Factory::createTransform(this->type(8), Vector(1, 0.0)); });
+}
+
+TYPED_TEST(FamilyFactory, EachFailureIsLoggedOnceAsAnErrorOfTheLibrary)
+{
+    const std::string name = TypeParam::getNames()[0];
+    expectRaisesAndLogs("Number of parameters 99 is not valid for transformation type " + name + ", expecting " +
+                            std::to_string(TypeParam::getNumbersOfParams()[0]) + " parameters",
+                        [&] { TypeParam::Factory::createTransform(this->type(0), Vector(99, 0.0)); });
+    expectRaisesAndLogs("Geometric transformation " + name + " has already been registred",
+                        [&] { TypeParam::Factory::registerTransform(this->type(0), 99, &TestFixture::createNull); });
+    expectRaisesAndLogs("Geometric transformation 8 has not been registred",
+                        [&] { TypeParam::Factory::createTransform(this->type(8)); });
+    for (const int affineOrHomography : {6, 7})
+    {
+        const auto type = this->type(affineOrHomography);
+        const Vector zeros(TypeParam::Factory::getNbParams(type), 0.0);
+        const auto pSingular = TypeParam::Factory::createTransform(type, zeros);
+        expectRaisesAndLogs("Transformation cannot be inverted", [&] { pSingular->getInvParams(); });
+        expectRaisesAndLogs("Transformation cannot be inverted", [&] { pSingular->createInverted(); });
+    }
 }
 
 TYPED_TEST(FamilyFactory, TwoThreadsCreateTransformsAtOnce)
