@@ -53,7 +53,7 @@ public:
     /// An empty centroid with the default threshold and limit.
     explicit KernelKMeansCentroid(const KernelType& kernel);
 
-    const KernelType& getKernel() const;
+    const KernelType& getKernel() const; ///< the kernel whose feature space the mean lies in
 
     /// 0.001
     static ovReal64 getDefaultAccuracyThreshold();
@@ -78,7 +78,7 @@ public:
     /// Number of samples since the last `clear`, without leading ones that did not count, see `addSample`.
     std::uint64_t getNbSamples() const;
 
-    ovUInt32 getDictionarySize() const;
+    ovUInt32 getDictionarySize() const; ///< number of samples that the mean is kept as
 
     /// The members, in the order in which they joined.
     const VectorColl& getDictionary() const;

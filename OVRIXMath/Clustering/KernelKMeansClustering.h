@@ -54,7 +54,7 @@ public:
     /// Nothing done, the default configuration.
     explicit KernelKMeansClustering(const KernelType& kernel);
 
-    const KernelType& getKernel() const;
+    const KernelType& getKernel() const; ///< the kernel that samples are compared by
 
     /// The configuration.
     const KernelKMeansClusteringConfig& getConfig() const;

@@ -52,7 +52,7 @@ public:
     SpectralClustering(const SpectralClustering& other);
     SpectralClustering& operator=(const SpectralClustering& other);
 
-    const KernelType& getKernel() const;
+    const KernelType& getKernel() const; ///< the kernel that samples are compared by
 
     /// The configuration of the clustering of the rows.
     const KernelKMeansClusteringConfig& getConfig() const;

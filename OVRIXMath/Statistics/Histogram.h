@@ -59,7 +59,7 @@ public:
     HistogramDynamicRegistrator();
     ~HistogramDynamicRegistrator();
 
-    static const HistogramDynamicRegistrator g_classRegistrator;
+    static const HistogramDynamicRegistrator g_classRegistrator; ///< the one that registers
 };
 
 extern template class OVRIXMATH_EXPORT Histogram<false>;

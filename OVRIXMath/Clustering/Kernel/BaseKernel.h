@@ -22,7 +22,7 @@ template <class Kernel, class KernelTerm>
 class OVRIXMATH_EXPORT BaseKernel
 {
 public:
-    using Term = KernelTerm;
+    using Term = KernelTerm; ///< what is summed
 
     /// k(a, b). The sum runs over the coordinates of `a`, in their order; `b` has no fewer.
     ovReal64 operator()(const Vector& a, const Vector& b) const;

@@ -9,7 +9,7 @@ namespace math
 namespace clustering
 {
 
-/// `k(a, b) = a . b`: the feature space is the space of the samples, and a kernel method does what the plain one does.
+/// `k(a, b) = a^T b`: the feature space is the space of the samples, and a kernel method does what the plain one does.
 class OVRIXMATH_EXPORT LinearKernel : public BaseKernel<LinearKernel, details::Product>
 {
 public:

@@ -11,7 +11,7 @@ namespace math
 namespace clustering
 {
 
-/// `k(a, b) = (alpha (a . b) + beta)^degree`: the features are products of up to `degree` coordinates.
+/// `k(a, b) = (alpha a^T b + beta)^degree`: the features are products of up to `degree` coordinates.
 ///
 /// Where the base is negative and the degree no integer, the value is NaN.
 class OVRIXMATH_EXPORT PolynomialKernel : public BaseKernel<PolynomialKernel, details::Product>
@@ -25,9 +25,9 @@ public:
     /// As `createKernel`, without its checks.
     PolynomialKernel(ovReal64 alpha, ovReal64 beta, ovReal64 degree);
 
-    ovReal64 getAlpha() const;
-    ovReal64 getBeta() const;
-    ovReal64 getDegree() const;
+    ovReal64 getAlpha() const;  ///< factor of the scalar product
+    ovReal64 getBeta() const;   ///< what is added to it
+    ovReal64 getDegree() const; ///< exponent
 
 private:
     friend class BaseKernel<PolynomialKernel, details::Product>;

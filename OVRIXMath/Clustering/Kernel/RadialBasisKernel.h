@@ -23,7 +23,7 @@ public:
     /// As `createKernel`, without its check.
     explicit RadialBasisKernel(ovReal64 sigma);
 
-    ovReal64 getSigma() const;
+    ovReal64 getSigma() const; ///< width of the bell
 
     using BaseKernel::operator();
 

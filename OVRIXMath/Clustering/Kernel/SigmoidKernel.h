@@ -11,7 +11,7 @@ namespace math
 namespace clustering
 {
 
-/// `k(a, b) = tanh(alpha (a . b) + beta)`
+/// `k(a, b) = tanh(alpha a^T b + beta)`
 ///
 /// The kernel is not positive definite, so squared distances in its feature space may be negative.
 class OVRIXMATH_EXPORT SigmoidKernel : public BaseKernel<SigmoidKernel, details::Product>
@@ -20,10 +20,10 @@ public:
     /// Takes all values.
     static SigmoidKernel createKernel(ovReal64 alpha, ovReal64 beta);
 
-    SigmoidKernel(ovReal64 alpha, ovReal64 beta);
+    SigmoidKernel(ovReal64 alpha, ovReal64 beta); ///< Takes all values, too.
 
-    ovReal64 getAlpha() const;
-    ovReal64 getBeta() const;
+    ovReal64 getAlpha() const; ///< factor of the scalar product
+    ovReal64 getBeta() const;  ///< what is added to it
 
 private:
     friend class BaseKernel<SigmoidKernel, details::Product>;
