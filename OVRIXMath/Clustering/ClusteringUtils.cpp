@@ -1,9 +1,7 @@
-#include <OVRIXMath/Clustering/ClusteringLogMessages.h>
 #include <OVRIXMath/Clustering/ClusteringUtils.h>
 #include <OVRIXMath/Clustering/KMeansAttempt.h>
 #include <OVRIXMath/Clustering/KMeansSeeding.h>
 #include <OVRIXMath/Clustering/SampleTable.h>
-#include <OVRIXMath/OVRIXMathFailure.h>
 
 #include <algorithm>
 #include <cmath>
@@ -104,8 +102,6 @@ ovUInt32 computeKMeansAttempt(const VectorColl& data, ovUInt32 nbMaxIteration, V
 void generateKMeansPPInit(ovUInt32 nbClusters, const VectorColl& data, VectorColl& centers)
 {
     centers.clear();
-    const ovUInt32 nbData = static_cast<ovUInt32>(data.size());
-    OVRIXMATH_RAISE_UNLESS(nbClusters <= nbData, eClusteringMessage, 5, nbClusters, nbData);
     const details::SampleTable samples(data);
     UInt32Vector seeds;
     details::KMeansSeeding(samples).draw(nbClusters, seeds);

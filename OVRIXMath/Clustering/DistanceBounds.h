@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 
@@ -15,15 +16,18 @@ namespace details
 /// Bounds on Euclidean distances that hold for the real numbers behind the computed ones, and what they tell about
 /// computed squared distances.
 ///
-/// Let u be the unit roundoff and d the number of coordinates. A computed squared distance differs from the real one by
-/// a factor of at most 1 + (d + 2) u, to first order, and by at most d 2^-1074 for squares below the range of normal
-/// numbers, as long as nothing overflows. With e = (d + 8) 2^-52 the root of the computed one, times 1 + e and plus
-/// 2^-500, is therefore above the real distance, and times 1 - e and minus 2^-500 below it; the roundings on the way are
-/// covered as well, since e is more than twice what the sums need.
+/// Let u = 2^-53 be the unit roundoff and d the number of coordinates. As long as nothing overflows, a computed squared
+/// distance differs from the real one by a factor between (1 - u)^(d + 2) and (1 + u)^(d + 2): one rounding for the
+/// difference, twice in the square, one for the product, d - 1 for the sum; and by at most d 2^-1075 for products below
+/// the normal numbers. Let e = (d + 8) 2^-52 = (2 d + 16) u. The root of the computed one, times 1 + e and plus 2^-500, is
+/// above the real distance: the root halves the d + 2 roundings and turns the absolute error to at most d^(1/2) 2^-537,
+/// and root, factor, product and sum add a rounding each, so that d / 2 + 5 of the 2 d + 16 units are needed. Times
+/// 1 - e and minus 2^-500 it is below the real distance for the same reason, and so is 0.
 ///
 /// If a real distance is at most `a` and another at least `b`, both from here, and `b > a (1 + 4 e)`, then the computed
-/// squared distance of the first is less than that of the second: the squares are apart by a factor of 1 + 8 e, of which
-/// rounding takes less than 2 e, and what is left of `a^2` at its least of 2^-1000 covers the squares out of range.
+/// squared distance of the first is less than that of the second: b^2 exceeds a^2 by a share of 8 e = (16 d + 128) u, of
+/// which roundings take 2 (d + 2) u and those of the limit itself 5 u. The rest, at least 14 d u a^2 with a >= 2^-500, is
+/// more than the d 2^-1074 of products below the normal numbers.
 ///
 /// Bounds that are added up over many steps are widened by four units of the last place in each.
 class DistanceBounds
@@ -39,14 +43,16 @@ public:
     /// Coordinates up to this magnitude are far from any overflow.
     static constexpr double s_largestCoordinate = 0x1p400;
 
+    /// At least 2^-500.
     double getUpper(double squaredDistance) const
     {
         return std::sqrt(squaredDistance) * _growth + s_least;
     }
 
+    /// At least 0.
     double getLower(double squaredDistance) const
     {
-        return std::sqrt(squaredDistance) * _shrinkage - s_least;
+        return std::max(0.0, std::sqrt(squaredDistance) * _shrinkage - s_least);
     }
 
     /// An upper bound of the sum of two upper bounds.

@@ -23,8 +23,8 @@ using math::details::storePack;
 
 constexpr double g_max = NumericLimits<double>::s_max;
 
-/// Number of samples that are compared with the centres together.
-constexpr std::size_t g_blockSize = 16;
+/// With more clusters, the table of the distances between the centres would not pay for its memory, 128 MB at the most.
+constexpr std::size_t g_maxNbComparedCenters = 4096;
 
 /// The nearest centres of the samples of a block.
 struct NearestCenters
@@ -36,7 +36,7 @@ struct NearestCenters
 
 struct FindNearestCenters
 {
-    /// @param block coordinates of the samples, g_blockSize of each
+    /// @param block coordinates of the samples
     /// @param listed centres to compare with, ascending
     template <int Lanes>
     [[gnu::always_inline]] static inline void run(const double* block, std::size_t dimension, const double* centers,
@@ -45,41 +45,31 @@ struct FindNearestCenters
     {
         using Reals = typename Pack<Lanes>::Reals;
         using Longs = typename Pack<Lanes>::Longs;
-        for (std::size_t start = 0; start < g_blockSize; start += 2 * Lanes)
+        for (std::size_t start = 0; start < g_blockSize; start += g_nbPacksAtOnce * Lanes)
         {
-            Reals bestA = Reals{} + g_max;
-            Reals bestB = bestA;
-            Reals secondA = bestA;
-            Reals secondB = bestA;
-            Longs labelsA = Longs{} - 1;
-            Longs labelsB = labelsA;
+            Reals best[g_nbPacksAtOnce];
+            Reals second[g_nbPacksAtOnce];
+            Longs labels[g_nbPacksAtOnce];
+            for (std::size_t p = 0; p < g_nbPacksAtOnce; ++p)
+            {
+                best[p] = Reals{} + g_max;
+                second[p] = best[p];
+                labels[p] = Longs{} - 1;
+            }
             for (std::size_t i = 0; i < nbListed; ++i)
             {
+                Reals sums[g_nbPacksAtOnce] = {};
+                addSquaredDifferences<Lanes>(sums, block + start, centers + listed[i] * dimension, dimension);
                 const std::int64_t label = listed[i];
-                const double* center = centers + listed[i] * dimension;
-                const double* samples = block + start;
-                Reals sumA{};
-                Reals sumB{};
-                for (std::size_t j = 0; j < dimension; ++j, samples += g_blockSize)
-                {
-                    Reals differenceA;
-                    Reals differenceB;
-                    loadPack(differenceA, samples);
-                    loadPack(differenceB, samples + Lanes);
-                    differenceA = center[j] - differenceA;
-                    differenceB = center[j] - differenceB;
-                    sumA += differenceA * differenceA;
-                    sumB += differenceB * differenceB;
-                }
-                keepLeast<Lanes>(sumA, label, bestA, secondA, labelsA);
-                keepLeast<Lanes>(sumB, label, bestB, secondB, labelsB);
+                for (std::size_t p = 0; p < g_nbPacksAtOnce; ++p)
+                    keepLeast<Lanes>(sums[p], label, best[p], second[p], labels[p]);
             }
-            storePack(pNearest->best + start, bestA);
-            storePack(pNearest->best + start + Lanes, bestB);
-            storePack(pNearest->second + start, secondA);
-            storePack(pNearest->second + start + Lanes, secondB);
-            storePack(pNearest->labels + start, labelsA);
-            storePack(pNearest->labels + start + Lanes, labelsB);
+            for (std::size_t p = 0; p < g_nbPacksAtOnce; ++p)
+            {
+                storePack(pNearest->best + start + p * Lanes, best[p]);
+                storePack(pNearest->second + start + p * Lanes, second[p]);
+                storePack(pNearest->labels + start + p * Lanes, labels[p]);
+            }
         }
     }
 
@@ -106,11 +96,10 @@ bool isInRange(const double* values, std::size_t count)
 KMeansAttempt::KMeansAttempt(const SampleTable& samples)
     : _samples(samples), _bounds(samples.getDimension()),
       _bSamplesInRange(isInRange(samples[0], samples.size() * samples.getDimension())), _nbClusters(0),
-      _bInRange(false), _labels(nullptr), _upper(samples.size()), _lower(samples.size()),
-      _block(samples.getDimension() * g_blockSize)
+      _bInRange(false), _bCentersCompared(false), _labels(nullptr), _upper(samples.size()), _lower(samples.size()),
+      _unsureByLabel(samples.size()), _block(samples.getDimension() * g_blockSize)
 {
     _unsure.reserve(samples.size());
-    _unsureByLabel.resize(samples.size());
 }
 
 ovUInt32 KMeansAttempt::run(ovUInt32 nbMaxIteration, VectorColl& centers, UInt32Vector& assignments)
@@ -151,35 +140,39 @@ void KMeansAttempt::start(const VectorColl& centers, UInt32Vector& assignments)
     _centers.resize(_nbClusters * dimension);
     for (std::size_t k = 0; k < _nbClusters; ++k)
         std::copy_n(centers[k].data().begin(), dimension, _centers.begin() + std::ptrdiff_t(k * dimension));
-    _bInRange = _bSamplesInRange && isInRange(_centers.data(), _centers.size());
+    _bInRange = _bSamplesInRange && _nbClusters > 0 && isInRange(_centers.data(), _centers.size());
+    _bCentersCompared = _bInRange && _nbClusters <= g_maxNbComparedCenters;
     _formerCenters.resize(_centers.size());
     _isChanged.assign(_nbClusters, 1);
     _populations.resize(_nbClusters);
     _moves.resize(_nbClusters);
     _othersMoves.resize(_nbClusters);
-    _centerDistances.resize(_nbClusters * _nbClusters);
+    _centerDistances.resize(_bCentersCompared ? _nbClusters * _nbClusters : 0);
     _halfGaps.assign(_nbClusters, 0.0);
     _labelEnds.resize(_nbClusters);
     _nearCenters.resize(_nbClusters);
+    std::iota(_nearCenters.begin(), _nearCenters.end(), 0u);
 }
 
+/// Compares all samples with all centres. Whether a label changed.
 bool KMeansAttempt::assignAll()
 {
-    std::iota(_nearCenters.begin(), _nearCenters.end(), 0u);
     bool bChanged = false;
-    ovUInt32 block[g_blockSize];
+    ovUInt32 samples[g_blockSize];
     for (std::size_t start = 0; start < _samples.size(); start += g_blockSize)
     {
         const std::size_t nbSamples = std::min(g_blockSize, _samples.size() - start);
-        std::iota(block, block + nbSamples, static_cast<ovUInt32>(start));
-        bChanged = assignBlock(block, nbSamples, static_cast<ovUInt32>(_nbClusters)) || bChanged;
+        std::iota(samples, samples + nbSamples, static_cast<ovUInt32>(start));
+        bChanged = assignBlock(samples, nbSamples, _samples.getBlock(start), _nbClusters, g_max) || bChanged;
     }
     return bChanged;
 }
 
+/// Compares the samples whose label may change with the centres that may be theirs. Whether a label changed.
 bool KMeansAttempt::assignUnsure()
 {
-    computeCenterDistances();
+    if (_bCentersCompared)
+        computeCenterDistances();
     listUnsure();
     sortUnsureByLabel();
     bool bChanged = false;
@@ -189,7 +182,12 @@ bool KMeansAttempt::assignUnsure()
         for (; start < _labelEnds[label]; start += g_blockSize)
         {
             const std::size_t nbSamples = std::min(g_blockSize, _labelEnds[label] - start);
-            bChanged = assignBlock(_unsureByLabel.data() + start, nbSamples, label) || bChanged;
+            const ovUInt32* const samples = _unsureByLabel.data() + start;
+            std::size_t nbNear = _nbClusters;
+            const double leastFar = _bCentersCompared ? listNearCenters(samples, nbSamples, label, nbNear) : g_max;
+            fillBlock(_block.data(), nbSamples, _samples.getDimension(),
+                      [&](std::size_t s) { return _samples[samples[s]]; });
+            bChanged = assignBlock(samples, nbSamples, _block.data(), nbNear, leastFar) || bChanged;
         }
         start = _labelEnds[label];
     }
@@ -230,39 +228,41 @@ void KMeansAttempt::sortUnsureByLabel()
         _unsureByLabel[_labelEnds[_labels[i]]++] = i;
 }
 
-/// Labels samples of one label, or of none. Whether a label changed.
-bool KMeansAttempt::assignBlock(const ovUInt32* samples, std::size_t nbSamples, ovUInt32 ownLabel)
+/// Lists the centres that may be nearest to samples of one label.
+///
+/// Let a be the largest upper bound of the samples, widened for rounding, and g the gap between their own centre and the
+/// one next to it. A centre whose distance from their own exceeds 2 a + g is further than a + g from all of the samples,
+/// which is the case neither for their own nor for the one next to it.
+///
+/// @param[out] nbNear number of centres in `_nearCenters`
+/// @return lower bound of the distances between their own centre and those left out, s_max without any
+double KMeansAttempt::listNearCenters(const ovUInt32* samples, std::size_t nbSamples, ovUInt32 label,
+                                      std::size_t& nbNear)
 {
-    const std::size_t dimension = _samples.getDimension();
-    for (std::size_t s = 0; s < g_blockSize; ++s)
-    {
-        const double* sample = _samples[samples[std::min(s, nbSamples - 1)]];
-        for (std::size_t j = 0; j < dimension; ++j)
-            _block[j * g_blockSize + s] = sample[j];
-    }
-
-    std::size_t nbNear = _nbClusters;
+    double largest = 0.0;
+    for (std::size_t s = 0; s < nbSamples; ++s)
+        largest = std::max(largest, _upper[samples[s]]);
+    const double radius = DistanceBounds::addUpper(2.0 * _bounds.getLimit(largest), 2.0 * _halfGaps[label]);
+    const double* const distances = _centerDistances.data() + label * _nbClusters;
     double leastFar = g_max;
-    if (ownLabel < _nbClusters)
+    nbNear = 0;
+    for (std::size_t k = 0; k < _nbClusters; ++k)
     {
-        double largest = 0.0;
-        for (std::size_t s = 0; s < nbSamples; ++s)
-            largest = std::max(largest, _upper[samples[s]]);
-        const double radius = DistanceBounds::addUpper(2.0 * _bounds.getLimit(largest), 2.0 * _halfGaps[ownLabel]);
-        const double* distances = _centerDistances.data() + ownLabel * _nbClusters;
-        nbNear = 0;
-        for (std::size_t k = 0; k < _nbClusters; ++k)
-        {
-            const bool bNear = distances[k] <= radius;
-            _nearCenters[nbNear] = static_cast<ovUInt32>(k);
-            nbNear += bNear ? 1 : 0;
-            leastFar = !bNear && distances[k] < leastFar ? distances[k] : leastFar;
-        }
+        const bool bNear = distances[k] <= radius;
+        _nearCenters[nbNear] = static_cast<ovUInt32>(k);
+        nbNear += bNear ? 1 : 0;
+        leastFar = !bNear && distances[k] < leastFar ? distances[k] : leastFar;
     }
+    return leastFar;
+}
 
+/// Gives the samples of a block the label of the nearest of the first `nbNear` centres of `_nearCenters`, and new
+/// bounds. Whether a label changed.
+bool KMeansAttempt::assignBlock(const ovUInt32* samples, std::size_t nbSamples, const double* block, std::size_t nbNear,
+                                double leastFar)
+{
     NearestCenters nearest;
-    runKernel<FindNearestCenters>(static_cast<const double*>(_block.data()), dimension,
-                                  static_cast<const double*>(_centers.data()),
+    runKernel<FindNearestCenters>(block, _samples.getDimension(), static_cast<const double*>(_centers.data()),
                                   static_cast<const ovUInt32*>(_nearCenters.data()), nbNear, &nearest);
     bool bChanged = false;
     for (std::size_t s = 0; s < nbSamples; ++s)

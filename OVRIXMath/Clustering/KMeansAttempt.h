@@ -45,7 +45,9 @@ private:
     bool assignUnsure();
     void listUnsure();
     void sortUnsureByLabel();
-    bool assignBlock(const ovUInt32* samples, std::size_t nbSamples, ovUInt32 ownLabel);
+    double listNearCenters(const ovUInt32* samples, std::size_t nbSamples, ovUInt32 label, std::size_t& nbNear);
+    bool assignBlock(const ovUInt32* samples, std::size_t nbSamples, const double* block, std::size_t nbNear,
+                     double leastFar);
     void computeCenterDistances();
     void moveCenters();
     void computeMoves();
@@ -56,6 +58,7 @@ private:
 
     std::size_t _nbClusters;
     bool _bInRange;               ///< whether bounds are kept
+    bool _bCentersCompared;       ///< whether distances between centres are computed
     std::vector<double> _centers; ///< row by row
     std::vector<double> _formerCenters;
     std::vector<unsigned char> _isChanged; ///< by centre: whether to compute it anew
@@ -71,7 +74,7 @@ private:
     std::vector<ovUInt32> _unsure; ///< samples whose label may change
     std::vector<ovUInt32> _unsureByLabel;
     std::vector<std::size_t> _labelEnds; ///< by label: end of its samples in `_unsureByLabel`
-    std::vector<double> _block;          ///< coordinates of some samples, next to each other for each coordinate
+    std::vector<double> _block;          ///< some samples, see fillBlock()
     std::vector<ovUInt32> _nearCenters;
 };
 

@@ -21,12 +21,14 @@ public:
     /// @param samples which must outlive the object
     explicit KMeansSeeding(const SampleTable& samples);
 
-    /// Draws the indices of `nbClusters` samples, at most as many as there are.
+    /// Draws the indices of `nbClusters` samples.
+    ///
+    /// @param nbClusters at most the number of samples, else raises Clustering message 5
     void draw(ovUInt32 nbClusters, UInt32Vector& seeds);
 
 private:
     const SampleTable& _samples;
-    std::vector<double> _cumulated;
+    std::vector<double> _cumulated; ///< sums of squared distances to the latest seed, of all samples and of padding
 };
 
 } // namespace details

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OVRIXMath/Clustering/SampleBlocks.h>
 #include <OVRIXMath/LargeTable.h>
 #include <OVRIXMath/Types.h>
 
@@ -12,7 +13,7 @@ namespace clustering
 namespace details
 {
 
-/// The samples of a collection side by side in memory.
+/// The samples of a collection side by side in memory: one after the other, and a second time in blocks.
 class SampleTable
 {
 public:
@@ -36,10 +37,18 @@ public:
         return _coordinates.data() + i * _dimension;
     }
 
+    /// The block that starts with sample `i`, a multiple of g_blockSize; the next block follows. The last one is filled
+    /// up with the last sample.
+    const double* getBlock(std::size_t i) const
+    {
+        return _blocks.data() + i * _dimension;
+    }
+
 private:
     std::size_t _size;
     std::size_t _dimension;
     math::details::LargeTable _coordinates;
+    math::details::LargeTable _blocks;
 };
 
 /// The sum of the squared differences, in the order of the coordinates.
