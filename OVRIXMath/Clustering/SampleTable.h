@@ -1,8 +1,9 @@
 #pragma once
 
 #include <OVRIXMath/Clustering/SampleBlocks.h>
-#include <OVRIXMath/LargeTable.h>
 #include <OVRIXMath/Types.h>
+
+#include <vector>
 
 namespace ovrix
 {
@@ -47,8 +48,8 @@ public:
 private:
     std::size_t _size;
     std::size_t _dimension;
-    math::details::LargeTable _coordinates;
-    math::details::LargeTable _blocks;
+    std::vector<double> _coordinates;
+    std::vector<double> _blocks;
 };
 
 /// The sum of the squared differences, in the order of the coordinates.
