@@ -116,12 +116,12 @@ public:
     void drawRating(const Rating& rating)
     {
         const double left = 560.0;
-        const double top = 40.0 + 100.0 * static_cast<double>(_nbPlots++);
+        const double top = 40.0 + 104.0 * static_cast<double>(_nbPlots++);
         const auto range = std::minmax_element(rating.values.begin(), rating.values.end());
         const double step = 300.0 / static_cast<double>(rating.values.size() - 1);
         _content << "<g transform=\"translate(" << left << "," << top << ")\">\n<text x=\"150\" y=\"-4\">"
                  << rating.name << ": " << rating.advice
-                 << "</text>\n<path class=\"axis\" d=\"M0,0V70H300\"/>\n<polyline points=\"";
+                 << "</text>\n<path class=\"axis\" d=\"M0,0V60H300\"/>\n<polyline points=\"";
         for (std::size_t i = 0; i < rating.values.size(); ++i)
             _content << place(rating, range, step, i) << " ";
         _content << "\"/>\n";
@@ -132,7 +132,7 @@ public:
             const std::size_t comma = place.find(',');
             _content << "<circle class=\"" << (bBest ? "best" : "dot") << "\" cx=\"" << place.substr(0, comma)
                      << "\" cy=\"" << place.substr(comma + 1) << "\" r=\"" << (bBest ? 5 : 3)
-                     << "\"/>\n<text class=\"k\" x=\"" << place.substr(0, comma) << "\" y=\"84\">" << i + 2
+                     << "\"/>\n<text class=\"k\" x=\"" << place.substr(0, comma) << "\" y=\"74\">" << i + 2
                      << "</text>\n";
         }
         _content << "</g>\n";
@@ -165,7 +165,7 @@ private:
     {
         const double height = *range.second - *range.first;
         const double share = height > 0.0 ? (rating.values[i] - *range.first) / height : 0.5;
-        return toText(step * static_cast<double>(i), 1) + "," + toText(66.0 - 60.0 * share, 1);
+        return toText(step * static_cast<double>(i), 1) + "," + toText(56.0 - 50.0 * share, 1);
     }
 
     void drawCircle(const Vector& point, const std::string& style, int radius)

@@ -43,13 +43,13 @@ Options readOptions(int argc, char** argv)
     examples::CommandLine commandLine("match_points", false);
     commandLine.addOptions()("output,o", po::value(&options.output)->default_value("match_points.svg"),
                              "SVG to write: both matchings");
-    commandLine.addOptions()("points,n", po::value(&options.nbPoints)->default_value(150),
+    commandLine.addOptions()("points,n", po::value(&options.nbPoints)->default_value(100),
                              "number of points in the first frame");
-    commandLine.addOptions()("noise", po::value(&options.noise)->default_value(0.7, "0.7"),
+    commandLine.addOptions()("noise", po::value(&options.noise)->default_value(0.6, "0.6"),
                              "how far points leave the current, as a share of 100 for the side of a frame");
     commandLine.addOptions()("lost", po::value(&options.lostRatio)->default_value(0.1, "0.1"),
                              "share of the points that get lost, and of new ones");
-    commandLine.addOptions()("reach", po::value(&options.reach)->default_value(8.0),
+    commandLine.addOptions()("reach", po::value(&options.reach)->default_value(7.0),
                              "longest way of a point from one frame to the next");
     commandLine.addOptions()("seed", po::value(&options.seed)->default_value(1), "seed of the random generator");
     options.bRun = commandLine.read(argc, argv);
@@ -94,8 +94,8 @@ double draw(double end)
 Point move(const Point& point, double noise)
 {
     boost::random::normal_distribution<double> own(0.0, noise);
-    const double dx = 3.5 + 2.0 * std::sin(point.y / 16.0);
-    const double dy = 2.0 * std::cos(point.x / 20.0);
+    const double dx = 2.6 + 1.4 * std::sin(point.y / 16.0);
+    const double dy = 1.4 * std::cos(point.x / 20.0);
     return {point.x + dx + own(RandomUniformGenerator::getGen()), point.y + dy + own(RandomUniformGenerator::getGen())};
 }
 

@@ -1,5 +1,5 @@
-// Segments a photograph: clusters its pixels by grey value and place with k-means, and draws the photograph, each
-// segment in its mean grey, and the borders of the segments on the photograph.
+// Segments a photograph: clusters its pixels by grey value and place with k-means, and draws the photograph and, beside
+// it, each segment in its mean grey.
 
 #include "support/CommandLine.h"
 #include "support/GreyImage.h"
@@ -41,7 +41,7 @@ Options readOptions(int argc, char** argv)
     Options options;
     examples::CommandLine commandLine("segment_photograph");
     commandLine.addOptions()("output,o", po::value(&options.output)->default_value("segment_photograph.png"),
-                             "PNG to write: photograph, segments, borders");
+                             "PNG to write: photograph and segments");
     commandLine.addOptions()("segments,k", po::value(&options.nbSegments)->default_value(6), "number of segments");
     commandLine.addOptions()("place,p", po::value(&options.placeWeight)->default_value(60.0),
                              "grey values that the longer side of the photograph counts as; 0 leaves the places out");
@@ -50,8 +50,8 @@ Options readOptions(int argc, char** argv)
     commandLine.addOptions()("seed", po::value(&options.seed)->default_value(5489), "seed of the random generator");
     if (!commandLine.read(argc, argv))
         return options;
-    if (!(options.placeWeight >= 0.0 && options.placeWeight <= 1e6))
-        throw std::runtime_error("The weight of the place should be from 0 to 1000000");
+    if (options.placeWeight != 0.0 && !(options.placeWeight >= 1e-3 && options.placeWeight <= 1e6))
+        throw std::runtime_error("The weight of the place should be 0, or from 0.001 to 1000000");
     options.input = commandLine.getPicture();
     return options;
 }
@@ -119,22 +119,6 @@ GreyImage drawSegments(const GreyImage& photo, const KMeansClustering& clusterin
     return segments;
 }
 
-/// The photograph, with a white line where a segment ends.
-GreyImage drawBorders(const GreyImage& photo, const UInt32Vector& labels)
-{
-    GreyImage borders = photo;
-    for (std::size_t y = 0; y + 1 < photo.height; ++y)
-    {
-        for (std::size_t x = 0; x + 1 < photo.width; ++x)
-        {
-            const std::size_t i = y * photo.width + x;
-            if (labels[i] != labels[i + 1] || labels[i] != labels[i + photo.width])
-                borders.at(x, y) = 255;
-        }
-    }
-    return borders;
-}
-
 /// Tells what is being done, to somebody who sits in front of a terminal.
 void showStage(const std::string& stage)
 {
@@ -153,8 +137,7 @@ void run(const Options& options)
     printFigures(clustering);
 
     showStage("Writing the pictures");
-    examples::writePng(options.output, examples::placeSideBySide({photo, drawSegments(photo, clustering),
-                                                                  drawBorders(photo, clustering.getAssignments())}));
+    examples::writePng(options.output, examples::placeSideBySide({photo, drawSegments(photo, clustering)}));
     std::cout << "Picture     " << options.output << '\n';
 }
 

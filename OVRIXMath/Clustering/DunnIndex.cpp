@@ -82,26 +82,38 @@ struct AddPairs
     {
         using Reals = typename Pack<Lanes>::Reals;
         using Longs = typename Pack<Lanes>::Longs;
-        for (std::size_t start = 0; start < g_blockSize; start += Lanes)
+        const Reals lowest = Reals{} + NumericLimits<double>::s_min;
+        const Reals largest = Reals{} + NumericLimits<double>::s_max;
+        for (std::size_t start = 0; start < g_blockSize; start += g_nbPacksAtOnce * Lanes)
         {
-            Reals minInter;
-            Reals maxIntra;
-            Longs labels;
-            loadPack(minInter, pExtremes->minInter + start);
-            loadPack(maxIntra, pExtremes->maxIntra + start);
-            loadPack(labels, blockLabels + start);
+            Reals minInter[g_nbPacksAtOnce];
+            Reals maxIntra[g_nbPacksAtOnce];
+            Longs labels[g_nbPacksAtOnce];
+            for (std::size_t p = 0; p < g_nbPacksAtOnce; ++p)
+            {
+                loadPack(minInter[p], pExtremes->minInter + start + p * Lanes);
+                loadPack(maxIntra[p], pExtremes->maxIntra + start + p * Lanes);
+                loadPack(labels[p], blockLabels + start + p * Lanes);
+            }
             for (std::size_t i = 0; i < nbOthers; ++i)
             {
-                Reals distance;
-                loadPack(distance, distances + i * g_blockSize + start);
-                const Longs bIntra = labels == static_cast<std::int64_t>(otherLabels[i]);
-                const Reals larger = maxIntra < distance ? distance : maxIntra;
-                const Reals smaller = distance < minInter ? distance : minInter;
-                maxIntra = bIntra ? larger : maxIntra;
-                minInter = bIntra ? minInter : smaller;
+                const Longs label = Longs{} + otherLabels[i];
+                for (std::size_t p = 0; p < g_nbPacksAtOnce; ++p)
+                {
+                    Reals distance;
+                    loadPack(distance, distances + i * g_blockSize + start + p * Lanes);
+                    const Longs bIntra = labels[p] == label;
+                    const Reals intra = bIntra ? distance : lowest;
+                    const Reals inter = bIntra ? largest : distance;
+                    maxIntra[p] = maxIntra[p] < intra ? intra : maxIntra[p];
+                    minInter[p] = inter < minInter[p] ? inter : minInter[p];
+                }
             }
-            storePack(pExtremes->minInter + start, minInter);
-            storePack(pExtremes->maxIntra + start, maxIntra);
+            for (std::size_t p = 0; p < g_nbPacksAtOnce; ++p)
+            {
+                storePack(pExtremes->minInter + start + p * Lanes, minInter[p]);
+                storePack(pExtremes->maxIntra + start + p * Lanes, maxIntra[p]);
+            }
         }
     }
 };

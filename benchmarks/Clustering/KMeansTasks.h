@@ -48,14 +48,23 @@ inline math::clustering::VectorColl makeBlobs(std::size_t nbSamples, std::size_t
     return samples;
 }
 
-/// Times iterations from the first samples as centres, beside a peer, and tells the time of one.
+/// Every other one of the first samples: in the blobs, two for one half of them and none for the other.
+inline math::clustering::VectorColl makeFirstCenters(const math::clustering::VectorColl& data)
+{
+    math::clustering::VectorColl centers;
+    for (std::size_t k = 0; k < g_nbKMeansClusters; ++k)
+        centers.push_back(data[2 * k]);
+    return centers;
+}
+
+/// Times iterations beside a peer, and tells the time of one.
 ///
 /// @param peer called with the samples, the centres and the number of iterations
 template <class Peer>
 void compareKMeans(benchmark::State& state, const math::clustering::VectorColl& data, const Peer& peer)
 {
     const ovUInt32 nbMaxIteration = static_cast<ovUInt32>(state.range(0));
-    const math::clustering::VectorColl firstCenters(data.begin(), data.begin() + g_nbKMeansClusters);
+    const math::clustering::VectorColl firstCenters = makeFirstCenters(data);
     ovUInt32 nbIteration = 0;
     compareWithPeer(
         state,
