@@ -1,8 +1,10 @@
 """The tasks of this folder in SciPy and scikit-image, on one thread:
 
-    OMP_NUM_THREADS=1 OPENBLAS_NUM_THREADS=1 /usr/bin/python3 benchmarks/Statistics/peers.py [TASK...]
+    OMP_NUM_THREADS=1 OPENBLAS_NUM_THREADS=1 /usr/bin/python3 benchmarks/Statistics/peers.py [ROW...]
 
-Needs python3-scipy and python3-skimage. Prints the median time of each task in milliseconds, and what it found.
+Needs python3-scipy and python3-skimage. Prints the median time of each row in milliseconds, and what it found. A row is
+a task and its sequence, such as tophat/3/noise; parts of it choose all rows that hold them. find_peaks tells a plateau by
+its middle alone, local_maxima by all its elements; h_maxima keeps a rise of exactly the height as well.
 """
 
 import sys
@@ -43,11 +45,6 @@ def make_plateaus():
 SEQUENCES = {"noise": make_noise, "smooth": make_smooth, "plateaus": make_plateaus}
 
 
-def find_strict_maxima(values):
-    """Those of one element; a plateau is told by its size."""
-    return find_peaks(values, plateau_size=(1, 1))[0]
-
-
 def count_runs(flags):
     return int(np.count_nonzero(np.diff(flags.astype(np.int8), prepend=0) == 1))
 
@@ -55,17 +52,14 @@ def count_runs(flags):
 TASKS = {
     "strictMaxima": {
         "find_peaks": lambda values: len(find_peaks(values)[0]),
-        "find_peaks, of one element": lambda values: len(find_strict_maxima(values)),
+        "find_peaks, of one element": lambda values: len(find_peaks(values, plateau_size=(1, 1))[0]),
         "argrelmax": lambda values: len(argrelmax(values)[0]),
     },
     "plateauMaxima": {
         "find_peaks": lambda values: len(find_peaks(values)[0]),
         "local_maxima": lambda values: len(local_maxima(values, indices=True, allow_borders=False)[0]),
     },
-    "dilatedMaxima": {
-        "h_maxima": lambda values: count_runs(h_maxima(values, 0.25)),
-        "find_peaks, prominence": lambda values: len(find_peaks(values, prominence=0.25)[0]),
-    },
+    "dilatedMaxima": {"h_maxima": lambda values: count_runs(h_maxima(values, 0.25))},
     "tophat/3": {"white_tophat": lambda values: count_runs(white_tophat(values.astype(np.float32), 7) > 0.25)},
     "tophat/20": {"white_tophat": lambda values: count_runs(white_tophat(values.astype(np.float32), 41) > 0.25)},
     "smoothing/2": {"gaussian_filter1d": lambda values: gaussian_filter1d(values.astype(np.float32), 2, truncate=1).size},
@@ -86,13 +80,13 @@ def median_time(task, nb_runs=3):
 
 def main():
     for name, make_sequence in SEQUENCES.items():
-        values = make_sequence()
-        for task, peers in TASKS.items():
-            if sys.argv[1:] and task not in sys.argv[1:]:
-                continue
-            for peer, function in peers.items():
+        rows = {f"{task}/{name}": peers for task, peers in TASKS.items()}
+        chosen = [row for row in rows if len(sys.argv) == 1 or any(part in row for part in sys.argv[1:])]
+        values = make_sequence() if chosen else None
+        for row in chosen:
+            for peer, function in rows[row].items():
                 milliseconds, found = median_time(lambda: function(values))
-                print(f"{task}/{name} {peer} {milliseconds:.0f} ms, {found}", flush=True)
+                print(f"{row} {peer} {milliseconds:.0f} ms, {found}", flush=True)
 
 
 main()
