@@ -346,6 +346,18 @@ TEST(BaseHistogram, AWidthThatIsNotPositiveRaisesAndClears)
     }
 }
 
+TEST(BaseHistogram, AnIntervalOfMoreClassesThanCanBeCountedRaisesAndClears)
+{
+    // Their number is cut to its low 32 bits, which are all set, and one more class is 0.
+    for (const double first : {-1e300, -std::numeric_limits<double>::infinity()})
+    {
+        Histogram<false> histogram = makeHistogram(eHOOBP_Ignored, {1, 2});
+        expectMathRaises("Histogram number of classes should not be null",
+                         [&] { histogram.updateHistogramParams(first, 0.0, 1.0, eHOOBP_Ignored); });
+        expectNotInit(histogram);
+    }
+}
+
 TEST(BaseHistogram, NoClassesRaiseAndClear)
 {
     Histogram<false> histogram = makeHistogram(eHOOBP_Ignored, {1, 2});
