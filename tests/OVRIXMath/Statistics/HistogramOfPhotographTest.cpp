@@ -255,6 +255,8 @@ TEST(HistogramOfPhotograph, ThePeaksThatStandOutAreFew)
     const Histogram<true> coins = makeGreyHistogram(g_coins);
     EXPECT_EQ(binsOf(coins.findLocalDilatedMaxima(100, eEBP_Include, 0.0, 0)),
               (std::vector<ovUInt32>{36, 88, 122, 159}));
+    EXPECT_EQ(binsOf(coins.findLocalDilatedMinima(100, eEBP_Exclude, 0.0, 100000)),
+              (std::vector<ovUInt32>{78, 109, 140}));
 }
 
 TEST(HistogramOfPhotograph, TheHigherAPeakMustRiseTheFewerThereAre)
