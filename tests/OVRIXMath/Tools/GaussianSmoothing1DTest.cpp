@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/NumberTypes.h>
 #include <vector>
 
@@ -149,6 +150,16 @@ TYPED_TEST(GaussianSmoothing1D, ASigmaWithoutMeaningGivesZero)
     for (const float sigma : {-0.5f, -1.0f, -3.0f, -1e30f, -std::numeric_limits<float>::infinity(),
                               std::numeric_limits<float>::quiet_NaN()})
         EXPECT_EQ(gaussianSmoothing1D<TypeParam>(input, sigma), Floats(3, 0.0f)) << sigma;
+}
+
+TYPED_TEST(GaussianSmoothing1D, AllocationsDoNotGrowWithTheSequence)
+{
+    for (const std::size_t size : {1000, 50000})
+    {
+        const std::vector<TypeParam> input(size, 3);
+        // The kernel; the sequence, and as many ones, with a margin; their sums, the first of which are the result.
+        EXPECT_EQ(test::countSteadyAllocations([&] { gaussianSmoothing1D(input, 4.0f); }), 5u);
+    }
 }
 
 TEST(GaussianSmoothing1D, AKernelOfManyMillionTapsTakesMemoryOfTheSequenceOnly)
