@@ -43,7 +43,6 @@ void BaseArchive::openSection(std::string_view name)
     processOpenSection(name);
     _parentPathSizes.push_back(_sectionPath.size());
     _sectionPath += '/';
-    // A binary archive holds a name once, however often it is used: whole names could grow far beyond the input.
     _sectionPath += name.substr(0, g_maxNameSizeInPath);
     if (name.size() > g_maxNameSizeInPath)
         _sectionPath += "...";

@@ -24,6 +24,10 @@ public:
     /// How deep sections may be nested, so that an archive can't exhaust the stack of its reader.
     static constexpr std::size_t s_maxSectionDepth = 1000;
 
+    /// How many bytes the name of an item or section may have. A binary archive holds a name once, however often it is
+    /// used: without a limit, a short archive could make whoever looks at its names copy far more than it holds.
+    static constexpr std::size_t s_maxNameSize = 4096;
+
     virtual ~BaseArchive();
 
     /// Whether this is a text archive. Text archives hold items only; the others may hold raw blocks as well.
@@ -42,8 +46,8 @@ public:
 
     /// Opens a section inside the current one; see ArchiveSectionManager.
     ///
-    /// @throws OVRIXSerializationException when sections would be nested deeper than s_maxSectionDepth, or when an input
-    ///         archive holds something else
+    /// @throws OVRIXSerializationException when sections would be nested deeper than s_maxSectionDepth, when the name is
+    ///         longer than s_maxNameSize, or when an input archive holds something else
     void openSection(std::string_view name);
 
     /// Closes the current section.

@@ -20,17 +20,23 @@ void BaseIArchive::readBlock(void* pData, std::size_t size)
 
 boost::shared_ptr<BaseSerializationObject> BaseIArchive::readObject(std::string_view name)
 {
-    const ArchiveSectionManager section(*this, name);
-    readItem("className", _className);
-    if (_className.empty())
-        return nullptr;
-
-    const DynamicObjectFactory& factory = DynamicObjectFactory::getInstance();
-    OVRIXSERIALIZATION_RAISE_UNLESS(factory.isRegistred(_className), 7, details::quote(_className), getSectionPath());
-    const auto pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(_className));
-    OVRIXSERIALIZATION_RAISE_UNLESS(pObject, 7, details::quote(_className), getSectionPath());
-    const BoolResult result = pObject->read(*this);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, pObject->getClassName(), result.getMessage());
+    // The end of the section raises where something else stands in its place; by then the object has to have an owner that
+    // is no return value, for which clang 14 forgets the destructor.
+    boost::shared_ptr<BaseSerializationObject> pObject;
+    {
+        const ArchiveSectionManager section(*this, name);
+        readItem("className", _className);
+        if (!_className.empty())
+        {
+            const DynamicObjectFactory& factory = DynamicObjectFactory::getInstance();
+            OVRIXSERIALIZATION_RAISE_UNLESS(factory.isRegistred(_className), 7, details::quote(_className),
+                                            getSectionPath());
+            pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(_className));
+            OVRIXSERIALIZATION_RAISE_UNLESS(pObject, 7, details::quote(_className), getSectionPath());
+            const BoolResult result = pObject->read(*this);
+            OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, pObject->getClassName(), result.getMessage());
+        }
+    }
     return pObject;
 }
 

@@ -23,7 +23,7 @@ public:
     ~BaseOArchive() override;
 
     /// @{
-    /// Writes a single value under a name.
+    /// Writes a single value under a name. A name above s_maxNameSize bytes raises, and nothing is written.
     virtual void writeItem(std::string_view name, bool value) = 0;
     virtual void writeItem(std::string_view name, int value) = 0;
     virtual void writeItem(std::string_view name, unsigned int value) = 0;

@@ -1,3 +1,4 @@
+#include <OVRIXSerialization/ArchiveName.h>
 #include <OVRIXSerialization/BinaryForm.h>
 #include <OVRIXSerialization/BinaryFrameReader.h>
 #include <OVRIXSerialization/BinaryIArchive.h>
@@ -142,8 +143,11 @@ private:
         const std::uint64_t number = readVarint();
         if (number == 0)
         {
-            std::string name;
-            readString(name);
+            const std::size_t size = readVarint();
+            checkRest(size, 1);
+            details::checkNameSize(size, _archive);
+            std::string name(size, '\0');
+            _frames.read(&name[0], size);
             return _names.emplace_back(std::move(name));
         }
         if (number > _names.size())

@@ -1,3 +1,4 @@
+#include <OVRIXSerialization/ArchiveName.h>
 #include <OVRIXSerialization/BinaryForm.h>
 #include <OVRIXSerialization/BinaryFrameWriter.h>
 #include <OVRIXSerialization/BinaryOArchive.h>
@@ -18,7 +19,7 @@ namespace ovrix
 class BinaryOArchive::Encoder
 {
 public:
-    explicit Encoder(std::ostream& stream) : _frames(stream) {}
+    Encoder(std::ostream& stream, const BaseArchive& archive) : _frames(stream), _archive(archive) {}
 
     /// Writes tag and name, and behind them the bytes of an unsigned number.
     template <class T>
@@ -62,6 +63,7 @@ private:
         const auto found = _nameNumbers.find(name);
         if (found == _nameNumbers.end())
         {
+            details::checkNameSize(name.size(), _archive);
             writeTag(type);
             addName(name);
             return _frames.reserve(valueSize);
@@ -81,11 +83,12 @@ private:
     }
 
     details::BinaryFrameWriter _frames;
+    const BaseArchive& _archive;
     std::deque<std::string> _names;
     std::unordered_map<std::string_view, std::uint64_t> _nameNumbers;
 };
 
-BinaryOArchive::BinaryOArchive(std::ostream& stream) : BaseOArchive(false), _pEncoder(new Encoder(stream)) {}
+BinaryOArchive::BinaryOArchive(std::ostream& stream) : BaseOArchive(false), _pEncoder(new Encoder(stream, *this)) {}
 
 BinaryOArchive::~BinaryOArchive()
 {

@@ -1,4 +1,5 @@
 #include <OVRIXSerialization/EnumerationSerialization.h>
+#include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <stdexcept>
@@ -35,7 +36,7 @@ int EnumerationNames::readValue(BaseIArchive& archive, std::string_view name) co
     archive.readItem(name, valueName);
     while (static_cast<std::size_t>(value) < _nbNames && valueName != _names[value])
         ++value;
-    OVRIXSERIALIZATION_RAISE_UNLESS(findName(value) != nullptr, 26, valueName);
+    OVRIXSERIALIZATION_RAISE_UNLESS(findName(value) != nullptr, 26, details::quote(valueName));
     return value;
 }
 

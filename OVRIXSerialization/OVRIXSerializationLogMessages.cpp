@@ -43,6 +43,7 @@ const bool g_bRegistred = details::registerMessages(
         /* 28 */ "No section is open that could be closed",
         /* 29 */ "Size %d is more than archives can hold, in section \"%s\"",
         /* 30 */ "Object of class %s can't be restored, %s, in section \"%s\"",
+        /* 31 */ "Name of %d bytes is longer than the %d that archives can hold, in section \"%s\"",
     });
 
 } // namespace

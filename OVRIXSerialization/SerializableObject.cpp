@@ -1,36 +1,11 @@
-#include <OVRIXSerialization/ArchiveSectionManager.h>
-#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/SerializableObject.h>
 
 namespace ovrix
 {
-namespace details
-{
 
-void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version)
+void details::raiseWithoutCopySupport(const std::string& className)
 {
-    if (archive.isClassVersionRegistred(className))
-        return;
-    const ArchiveSectionManager section(archive, className);
-    archive << makeOItem("version", version);
-    archive.registerClassVersion(className, version);
+    details::raise<details::OVRIXUtilFailures, eOVRIXUtilErrors::domain>(OVRIX_FAILURE_SITE, 3, className);
 }
 
-void readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 version)
-{
-    if (archive.isClassVersionRegistred(className))
-        return;
-    const ArchiveSectionManager section(archive, className);
-    ovUInt32 archiveVersion = 0;
-    archive >> makeIItem("version", archiveVersion);
-    OVRIXSERIALIZATION_RAISE_UNLESS(archiveVersion <= version, 25, archiveVersion, std::string(className), version);
-    archive.registerClassVersion(className, archiveVersion);
-}
-
-void raiseWithoutCopySupport(const std::string& className)
-{
-    raise<OVRIXUtilFailures, eOVRIXUtilErrors::domain>(OVRIX_FAILURE_SITE, 3, className);
-}
-
-} // namespace details
 } // namespace ovrix

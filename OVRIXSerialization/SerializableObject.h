@@ -1,19 +1,14 @@
 #pragma once
 
-#include <OVRIXSerialization/BaseSerializationObject.h>
 #include <OVRIXSerialization/Export.h>
-#include <OVRIXSerialization/SerializationItem.h>
+#include <OVRIXSerialization/SerializableClass.h>
 #include <OVRIXUtil/DynamicRegistrator.h>
 #include <OVRIXUtil/OVRIXUtilFailure.h>
-#include <OVRIXUtil/Types.h>
 
 #include <boost/make_shared.hpp>
-#include <boost/thread/lock_guard.hpp>
-#include <boost/thread/mutex.hpp>
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 /// @file
 /// What every serialisable class repeats, written once: a class says its name, its version, its base and its items.
@@ -56,6 +51,8 @@
 /// A class whose items must fit together has a third private function, `void finishRead(const BaseIArchive& archive)`.
 /// It is called when the items have been read, and raises for what no object of the class can be: archives come from
 /// anywhere.
+///
+/// SerializableClass.h shows how a class that has changed its items reads those of its older versions.
 
 namespace ovrix
 {
@@ -63,178 +60,10 @@ namespace ovrix
 namespace details
 {
 
-/// Writes the section that holds a class's version, unless the archive has it already.
-OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version);
-
-/// Reads the section that holds a class's version, unless the archive has been asked for it already.
-///
-/// @throws OVRIXSerializationException when the archive's version is newer than `version`
-OVRIXSERIALIZATION_EXPORT void readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 version);
-
 /// Raises the failure of a class that cannot be copied.
 [[noreturn]] OVRIXSERIALIZATION_EXPORT void raiseWithoutCopySupport(const std::string& className);
 
-/// Guards the first call of a class's `getTypeName()`.
-template <class Derived>
-struct TypeNameMutex
-{
-    static boost::mutex& get()
-    {
-        static boost::mutex g_mutex;
-        return g_mutex;
-    }
-};
-
-/// Guards a class's `getVersion()`.
-template <class Derived>
-struct VersionMutex
-{
-    static boost::mutex& get()
-    {
-        static boost::mutex g_mutex;
-        return g_mutex;
-    }
-};
-
-/// Writes each item that a class describes.
-struct ItemWriter
-{
-    BaseOArchive& archive;
-
-    template <class T>
-    void operator()(std::string_view name, const T& value)
-    {
-        archive << SerializationOItem<T>(name, value);
-    }
-};
-
-/// Reads each item that a class describes.
-struct ItemReader
-{
-    BaseIArchive& archive;
-
-    template <class T>
-    void operator()(std::string_view name, T& value)
-    {
-        archive >> SerializationIItem<T>(name, value);
-    }
-};
-
 } // namespace details
-
-/// Friend of serialisable classes; reaches what they say of themselves.
-struct SerializableAccess
-{
-    /// Full name of the class.
-    template <class Derived>
-    static constexpr const char* className()
-    {
-        return Derived::s_className;
-    }
-
-    /// Version of its archive form.
-    template <class Derived>
-    static constexpr ovUInt32 classVersion()
-    {
-        return Derived::s_classVersion;
-    }
-
-    /// Hands each of its items to `items`.
-    template <class Derived, class Items, class Self>
-    static void describeItems(Items& items, Self& self)
-    {
-        Derived::describeItems(items, self);
-    }
-
-    /// Has it look at the items that have been read.
-    template <class Derived>
-    static void finishRead(Derived& object, const BaseIArchive& archive)
-    {
-        object.finishRead(archive);
-    }
-
-    /// Copies its members.
-    template <class Derived>
-    static void copyMembers(Derived& target, const Derived& source)
-    {
-        target.copyMembers(source);
-    }
-};
-
-/// Name, version and archive form of a class; the base of an abstract serialisable class.
-///
-/// @tparam Derived the class
-/// @tparam Base its base, BaseSerializationObject or another serialisable class
-template <class Derived, class Base>
-class SerializableClass : public Base
-{
-public:
-    /// Full name of the class, under which archives and the DynamicObjectFactory know it.
-    static const std::string& getTypeName()
-    {
-        const boost::lock_guard<boost::mutex> lock(details::TypeNameMutex<Derived>::get());
-        static const std::string g_typeName = SerializableAccess::className<Derived>();
-        return g_typeName;
-    }
-
-    /// Version of the class's archive form.
-    static ovUInt32 getVersion()
-    {
-        const boost::lock_guard<boost::mutex> lock(details::VersionMutex<Derived>::get());
-        return SerializableAccess::classVersion<Derived>();
-    }
-
-    /// getTypeName().
-    const std::string& getClassName() const override
-    {
-        return getTypeName();
-    }
-
-    /// Writes the base, the version of the class at its first object in the archive, and the items of the class.
-    BoolResult write(BaseOArchive& archive) const override;
-
-    /// Reads what write() wrote, also by an older version of the class.
-    ///
-    /// @throws OVRIXSerializationException when the archive was written by a newer version of the class, or holds items
-    ///         that do not fit together
-    BoolResult read(BaseIArchive& archive) override;
-
-protected:
-    using Base::Base;
-
-    /// What a class does that has no such function of its own: every value is good.
-    void finishRead(const BaseIArchive&) {}
-};
-
-// The bodies of the next two stand outside of the class, so that they are made in one source file only, where the class
-// describes its items.
-
-template <class Derived, class Base>
-BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const
-{
-    BoolResult result = Base::write(archive);
-    if (!result)
-        return result;
-    details::writeClassVersion(archive, SerializableAccess::className<Derived>(),
-                               SerializableAccess::classVersion<Derived>());
-    details::ItemWriter items{archive};
-    SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
-    return true;
-}
-
-template <class Derived, class Base>
-BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
-{
-    BoolResult result = Base::read(archive);
-    if (!result)
-        return result;
-    details::readClassVersion(archive, SerializableAccess::className<Derived>(),
-                              SerializableAccess::classVersion<Derived>());
-    details::ItemReader items{archive};
-    SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
-    SerializableAccess::finishRead(static_cast<Derived&>(*this), archive);
-    return true;
-}
 
 /// A serialisable class whose objects are shared and never cloned; the base of an abstract one.
 template <class Derived, class Base>

@@ -1,3 +1,4 @@
+#include <OVRIXSerialization/ArchiveName.h>
 #include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/StreamReader.h>
@@ -190,6 +191,7 @@ private:
         std::string name;
         checkNode(!attribute.empty() && details::unescape(attribute.value(), name),
                   "there is an element without a valid name");
+        details::checkNameSize(name.size(), _archive);
         return name;
     }
 

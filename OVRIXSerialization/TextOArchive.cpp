@@ -1,4 +1,5 @@
 #include <OVRIXSerialization/ArchiveEntry.h>
+#include <OVRIXSerialization/ArchiveName.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/StreamWriter.h>
 #include <OVRIXSerialization/TextForm.h>
@@ -57,7 +58,7 @@ private:
 class TextOArchive::Document
 {
 public:
-    explicit Document(std::ostream& stream) : _stream(stream)
+    Document(std::ostream& stream, const BaseArchive& archive) : _stream(stream), _archive(archive)
     {
         pugi::xml_node declaration = _document.append_child(pugi::node_declaration);
         checkMemory(!declaration.empty());
@@ -70,6 +71,7 @@ public:
 
     void addItem(eArchiveEntry type, std::string_view name, const std::string& text)
     {
+        details::checkNameSize(name.size(), _archive);
         const pugi::xml_node item = appendElement(_section, details::g_textItem);
         appendAttribute(item, details::g_textName, details::escape(name));
         appendAttribute(item, details::g_textType, getItemTypeName(type));
@@ -79,6 +81,7 @@ public:
 
     void openSection(std::string_view name)
     {
+        details::checkNameSize(name.size(), _archive);
         _section = appendElement(_section, details::g_textSection);
         appendAttribute(_section, details::g_textName, details::escape(name));
     }
@@ -97,11 +100,12 @@ public:
 
 private:
     details::StreamWriter _stream;
+    const BaseArchive& _archive;
     pugi::xml_document _document;
     pugi::xml_node _section;
 };
 
-TextOArchive::TextOArchive(std::ostream& stream) : BaseOArchive(true), _pDocument(new Document(stream)) {}
+TextOArchive::TextOArchive(std::ostream& stream) : BaseOArchive(true), _pDocument(new Document(stream, *this)) {}
 
 TextOArchive::~TextOArchive()
 {

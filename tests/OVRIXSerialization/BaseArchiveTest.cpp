@@ -2,6 +2,7 @@
 #include <OVRIXSerialization/BaseArchive.h>
 
 #include <stdexcept>
+#include <string>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
 
@@ -214,6 +215,43 @@ TYPED_TEST(BaseArchive, SectionsAreNestedToALimit)
     for (std::size_t i = 0; i < ovrix::BaseArchive::s_maxSectionDepth; ++i)
         archive.openSection("s");
     EXPECT_THROW(archive.openSection("s"), OVRIXSerializationException);
+}
+
+TYPED_TEST(BaseArchive, NamesOfTheGreatestLengthPass)
+{
+    const std::string name(ovrix::BaseArchive::s_maxNameSize, '\xFF');
+    const std::string bytes = writeArchive<TypeParam>(
+        [&](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager section(archive, name);
+            archive << makeOItem(name, 7);
+        });
+    readArchive<TypeParam>(bytes,
+                           [&](BaseIArchive& archive)
+                           {
+                               const ArchiveSectionManager section(archive, name);
+                               int value = 0;
+                               archive >> makeIItem(name, value);
+                               EXPECT_EQ(value, 7);
+                           });
+}
+
+TYPED_TEST(BaseArchive, ALongerNameIsNotWritten)
+{
+    const std::string name(ovrix::BaseArchive::s_maxNameSize + 1, 'a');
+    const std::string bytes = writeArchive<TypeParam>(
+        [&](BaseOArchive& archive)
+        {
+            archive.openSection("section");
+            const std::string text =
+                R"(Name of 4097 bytes is longer than the 4096 that archives can hold, in section "/section")";
+            expectRaises<OVRIXSerializationException>(text, [&] { archive << makeOItem(name, 1); });
+            expectRaises<OVRIXSerializationException>(text, [&] { archive << makeOItem(name, std::string("a")); });
+            expectRaises<OVRIXSerializationException>(text, [&] { archive.openSection(name); });
+            archive.closeSection();
+        });
+    readArchive<TypeParam>(bytes,
+                           [](BaseIArchive& archive) { const ArchiveSectionManager section(archive, "section"); });
 }
 
 } // namespace test

@@ -231,6 +231,12 @@ TEST(BinaryIArchive, ASizeBeyondTheInputRaises)
                                      "ab"s}));
 }
 
+TEST(BinaryIArchive, ANameThatIsTooLongRaises)
+{
+    expectRefused("Name of 4097 bytes is longer than the 4096 that archives can hold, in section \"/\"",
+                  makeBinaryArchive({"i\0\x81\x20"s + std::string(4097, 'a') + "\1\0\0\0"s}));
+}
+
 TEST(BinaryIArchive, ABlockOfAnotherSizeRaises)
 {
     std::istringstream stream(makeBinaryArchive({"#\3abc"s}));

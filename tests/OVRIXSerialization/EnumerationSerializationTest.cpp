@@ -4,6 +4,7 @@
 #include <log4cplus/loglevel.h>
 
 #include <stdexcept>
+#include <string>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
@@ -70,6 +71,13 @@ TEST(EnumerationSerialization, AnUnknownNameRaises)
     ASSERT_EQ(log.getLines().size(), 1u);
     EXPECT_EQ(log.getLines()[0].text, "Unknown enumeration name \"eC_Grey\"");
     EXPECT_EQ(log.getLines()[0].level, log4cplus::ERROR_LOG_LEVEL);
+}
+
+TEST(EnumerationSerialization, ALongUnknownNameIsCutInTheMessage)
+{
+    eColour colour = eC_Green;
+    expectRaises<OVRIXSerializationException>("Unknown enumeration name \"" + std::string(200, 'x') + "...\"", [&]
+                                              { load<TextForm>(save<TextForm>(std::string(100000, 'x')), colour); });
 }
 
 TEST(EnumerationSerialization, AnUnknownValueRaises)

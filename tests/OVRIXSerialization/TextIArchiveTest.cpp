@@ -114,6 +114,19 @@ TEST(TextIArchive, ALongBadTextIsCutInTheMessage)
                                               { load<TextForm>(wrapItem("int32", std::string(100000, 'x')), value); });
 }
 
+TEST(TextIArchive, ANameThatIsTooLongRaises)
+{
+    for (const std::size_t size : {4097, 10000000})
+    {
+        std::istringstream stream(wrap("<section name=\"" + std::string(size, 'a') + "\"/>"));
+        TextIArchive archive(stream);
+        expectRaises<OVRIXSerializationException>("Name of " + std::to_string(size) +
+                                                      " bytes is longer than the 4096 that archives can hold, in "
+                                                      "section \"/\"",
+                                                  [&] { archive.peekEntry(); });
+    }
+}
+
 TEST(TextIArchive, TheLayoutOfTheXmlDoesNotMatter)
 {
     int value = 0;
@@ -259,10 +272,10 @@ TEST(TextIArchive, DeepNestingRaises)
     EXPECT_THROW(archive.openSection("s"), OVRIXSerializationException);
 }
 
-TEST(TextIArchive, AHugeAttributeIsCutInTheMessage)
+TEST(TextIArchive, ALongNameIsCutInTheMessage)
 {
     int value = 0;
-    const std::string name(10000000, 'n');
+    const std::string name(4096, 'n');
     expectRaises<OVRIXSerializationException>(
         "Expecting item \"value\" while archive holds item \"" + name.substr(0, 200) + "...\", in section \"/\"",
         [&] { load<TextForm>(wrap("<item name=\"" + name + "\" type=\"int32\">1</item>"), value); });

@@ -104,6 +104,21 @@ TYPED_TEST(LinearAlgebraSerialization, EmptyVectorsAndMatricesKeepTheirSizes)
     }
 }
 
+TYPED_TEST(LinearAlgebraSerialization, ManyRowsOrColumnsWithoutElementsTakeNoMemory)
+{
+    const std::size_t size = std::numeric_limits<ovUInt32>::max();
+    for (const Matrix& matrix : {Matrix(size, 0), Matrix(0, size)})
+    {
+        const std::string bytes = save<TypeParam>(matrix);
+        Matrix restored;
+        resetLargestAllocation();
+        load<TypeParam>(bytes, restored);
+        EXPECT_LE(getLargestAllocation(), 40000u);
+        EXPECT_EQ(restored.size1(), matrix.size1());
+        EXPECT_EQ(restored.size2(), matrix.size2());
+    }
+}
+
 TYPED_TEST(LinearAlgebraSerialization, WhatAMatrixHeldIsDropped)
 {
     Matrix matrix(7, 9, 1.0);

@@ -1,0 +1,32 @@
+#include <OVRIXSerialization/ArchiveSectionManager.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
+#include <OVRIXSerialization/SerializableClass.h>
+
+namespace ovrix
+{
+namespace details
+{
+
+void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version)
+{
+    if (archive.isClassVersionRegistred(className))
+        return;
+    const ArchiveSectionManager section(archive, className);
+    archive << makeOItem("version", version);
+    archive.registerClassVersion(className, version);
+}
+
+ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 version)
+{
+    if (archive.isClassVersionRegistred(className))
+        return archive.getRegisterClassVersion(className);
+    const ArchiveSectionManager section(archive, className);
+    ovUInt32 archiveVersion = 0;
+    archive >> makeIItem("version", archiveVersion);
+    OVRIXSERIALIZATION_RAISE_UNLESS(archiveVersion <= version, 25, archiveVersion, std::string(className), version);
+    archive.registerClassVersion(className, archiveVersion);
+    return archiveVersion;
+}
+
+} // namespace details
+} // namespace ovrix

@@ -1,0 +1,241 @@
+#pragma once
+
+#include <OVRIXSerialization/BaseSerializationObject.h>
+#include <OVRIXSerialization/Export.h>
+#include <OVRIXSerialization/SerializationItem.h>
+#include <OVRIXUtil/Types.h>
+
+#include <boost/thread/lock_guard.hpp>
+#include <boost/thread/mutex.hpp>
+
+#include <string>
+#include <string_view>
+
+/// @file
+/// Name, version and archive form of a serialisable class; SerializableObject.h shows such a class as a whole.
+///
+/// A class that changes its items takes the next version and says what the older ones held. The version stands in the
+/// items: on reading that of the archive, on writing that of the class. Lamps that know their room, say:
+///
+/// ```cpp
+/// static constexpr ovUInt32 s_classVersion = 2;
+///
+/// template <class Items, class Self>
+/// static void describeItems(Items& items, Self& self)
+/// {
+///     items("_bOn", self._bOn);
+///     if (self._bOn)
+///         items("_brightness", self._brightness);
+///     if (items.getVersion() >= 2)
+///         items("_room", self._room);
+///     else if constexpr (Items::s_bReading)
+///         self._room = "unknown";
+/// }
+/// ```
+///
+/// What stands behind `if constexpr (Items::s_bReading)` may fill `self`, and may read items that are no more into
+/// variables of its own.
+
+namespace ovrix
+{
+
+namespace details
+{
+
+/// Writes the section that holds a class's version, unless the archive has it already.
+OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version);
+
+/// Reads the section that holds a class's version, unless the archive has been asked for it already.
+///
+/// @return the archive's version
+/// @throws OVRIXSerializationException when it is newer than `version`
+OVRIXSERIALIZATION_EXPORT ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className,
+                                                    ovUInt32 version);
+
+/// Guards the first call of a class's `getTypeName()`.
+template <class Derived>
+struct TypeNameMutex
+{
+    static boost::mutex& get()
+    {
+        static boost::mutex g_mutex;
+        return g_mutex;
+    }
+};
+
+/// Guards a class's `getVersion()`.
+template <class Derived>
+struct VersionMutex
+{
+    static boost::mutex& get()
+    {
+        static boost::mutex g_mutex;
+        return g_mutex;
+    }
+};
+
+/// Writes each item that a class describes; getVersion() gives the version of the class.
+class ItemWriter
+{
+public:
+    static constexpr bool s_bReading = false;
+
+    ItemWriter(BaseOArchive& archive, ovUInt32 version) : _archive(archive), _version(version) {}
+
+    ovUInt32 getVersion() const
+    {
+        return _version;
+    }
+
+    template <class T>
+    void operator()(std::string_view name, const T& value)
+    {
+        _archive << SerializationOItem<T>(name, value);
+    }
+
+private:
+    BaseOArchive& _archive;
+    ovUInt32 _version;
+};
+
+/// Reads each item that a class describes; getVersion() gives the version of the class in the archive.
+class ItemReader
+{
+public:
+    static constexpr bool s_bReading = true;
+
+    ItemReader(BaseIArchive& archive, ovUInt32 version) : _archive(archive), _version(version) {}
+
+    ovUInt32 getVersion() const
+    {
+        return _version;
+    }
+
+    template <class T>
+    void operator()(std::string_view name, T& value)
+    {
+        _archive >> SerializationIItem<T>(name, value);
+    }
+
+private:
+    BaseIArchive& _archive;
+    ovUInt32 _version;
+};
+
+} // namespace details
+
+/// Friend of serialisable classes; reaches what they say of themselves.
+struct SerializableAccess
+{
+    /// Full name of the class.
+    template <class Derived>
+    static constexpr const char* className()
+    {
+        return Derived::s_className;
+    }
+
+    /// Version of its archive form.
+    template <class Derived>
+    static constexpr ovUInt32 classVersion()
+    {
+        return Derived::s_classVersion;
+    }
+
+    /// Hands each of its items to `items`.
+    template <class Derived, class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        Derived::describeItems(items, self);
+    }
+
+    /// Has it look at the items that have been read.
+    template <class Derived>
+    static void finishRead(Derived& object, const BaseIArchive& archive)
+    {
+        object.finishRead(archive);
+    }
+
+    /// Copies its members.
+    template <class Derived>
+    static void copyMembers(Derived& target, const Derived& source)
+    {
+        target.copyMembers(source);
+    }
+};
+
+/// Name, version and archive form of a class; the base of an abstract serialisable class.
+///
+/// @tparam Derived the class
+/// @tparam Base its base, BaseSerializationObject or another serialisable class
+template <class Derived, class Base>
+class SerializableClass : public Base
+{
+public:
+    /// Full name of the class, under which archives and the DynamicObjectFactory know it.
+    static const std::string& getTypeName()
+    {
+        const boost::lock_guard<boost::mutex> lock(details::TypeNameMutex<Derived>::get());
+        static const std::string g_typeName = SerializableAccess::className<Derived>();
+        return g_typeName;
+    }
+
+    /// Version of the class's archive form.
+    static ovUInt32 getVersion()
+    {
+        const boost::lock_guard<boost::mutex> lock(details::VersionMutex<Derived>::get());
+        return SerializableAccess::classVersion<Derived>();
+    }
+
+    /// getTypeName().
+    const std::string& getClassName() const override
+    {
+        return getTypeName();
+    }
+
+    /// Writes the base, the version of the class at its first object in the archive, and the items of the class.
+    BoolResult write(BaseOArchive& archive) const override;
+
+    /// Reads what write() wrote, also by an older version of the class.
+    ///
+    /// @throws OVRIXSerializationException when the archive was written by a newer version of the class, or holds items
+    ///         that do not fit together
+    BoolResult read(BaseIArchive& archive) override;
+
+protected:
+    using Base::Base;
+
+    /// What a class does that has no such function of its own: every value is good.
+    void finishRead(const BaseIArchive&) {}
+};
+
+// The bodies of the next two stand outside of the class, so that they are made in one source file only, where the class
+// describes its items.
+
+template <class Derived, class Base>
+BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const
+{
+    BoolResult result = Base::write(archive);
+    if (!result)
+        return result;
+    constexpr ovUInt32 version = SerializableAccess::classVersion<Derived>();
+    details::writeClassVersion(archive, SerializableAccess::className<Derived>(), version);
+    details::ItemWriter items(archive, version);
+    SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
+    return true;
+}
+
+template <class Derived, class Base>
+BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
+{
+    BoolResult result = Base::read(archive);
+    if (!result)
+        return result;
+    const ovUInt32 version = details::readClassVersion(archive, SerializableAccess::className<Derived>(),
+                                                       SerializableAccess::classVersion<Derived>());
+    details::ItemReader items(archive, version);
+    SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
+    SerializableAccess::finishRead(static_cast<Derived&>(*this), archive);
+    return true;
+}
+
+} // namespace ovrix

@@ -1,0 +1,16 @@
+target_sources(${program} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/PlainPeer.cpp")
+target_link_libraries(${program} PRIVATE Boost::filesystem)
+
+# A peer whose library is not found is left out.
+function(ovrix_add_archive_peer found source library)
+    if(found)
+        target_sources(${program} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/${source}")
+        target_link_libraries(${program} PRIVATE ${library})
+    else()
+        message(STATUS "Benchmarks of archives: ${library} not found, no comparison with it")
+    endif()
+endfunction()
+find_package(Boost QUIET COMPONENTS serialization)
+ovrix_add_archive_peer("${Boost_SERIALIZATION_FOUND}" BoostPeer.cpp Boost::serialization)
+find_package(cereal QUIET)
+ovrix_add_archive_peer("${cereal_FOUND}" CerealPeer.cpp cereal::cereal)

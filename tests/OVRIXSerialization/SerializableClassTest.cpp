@@ -1,0 +1,376 @@
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
+#include <OVRIXSerialization/SerializableClass.h>
+
+#include <string>
+#include <support/ArchiveForms.h>
+#include <support/ExpectFailure.h>
+#include <support/SerializableObjects.h>
+
+namespace ovrix
+{
+namespace test
+{
+
+namespace
+{
+
+/// A class whose items must fit together.
+class Interval : public CopyableObject<Interval, BaseSerializationObject>
+{
+public:
+    double _begin = 0.0;
+    double _end = 0.0;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::Interval";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_begin", self._begin);
+        items("_end", self._end);
+    }
+
+    void copyMembers(const Interval& other)
+    {
+        _begin = other._begin;
+        _end = other._end;
+    }
+
+    void finishRead(const BaseIArchive& archive)
+    {
+        OVRIXSERIALIZATION_RAISE_UNLESS(_begin <= _end, 30, getTypeName(), "it ends before it begins",
+                                        archive.getSectionPath());
+    }
+};
+
+/// A class whose base has items that must fit together, and that takes every value of its own.
+class NamedInterval : public CopyableObject<NamedInterval, Interval>
+{
+public:
+    std::string _name;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::NamedInterval";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_name", self._name);
+    }
+
+    void copyMembers(const NamedInterval& other)
+    {
+        _name = other._name;
+    }
+};
+
+/// What a lamp was in its first release.
+class EarlierLamp : public CopyableObject<EarlierLamp, BaseSerializationObject>
+{
+public:
+    bool _bOn = false;
+    double _watts = 0.0;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::Lamp";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_bOn", self._bOn);
+        items("_watts", self._watts);
+    }
+
+    void copyMembers(const EarlierLamp&) {}
+};
+
+/// What became of it: one item is told in another unit and under another name, one was added.
+class Lamp : public CopyableObject<Lamp, BaseSerializationObject>
+{
+public:
+    bool _bOn = false;
+    double _brightness = 0.0;
+    std::string _room;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::Lamp";
+    static constexpr ovUInt32 s_classVersion = 2;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_bOn", self._bOn);
+        if constexpr (Items::s_bReading)
+        {
+            if (items.getVersion() < 2)
+            {
+                double watts = 0.0;
+                items("_watts", watts);
+                self._brightness = watts / 100.0;
+                self._room = "unknown";
+                return;
+            }
+        }
+        items("_brightness", self._brightness);
+        items("_room", self._room);
+    }
+
+    void copyMembers(const Lamp&) {}
+};
+
+/// A class of one version whose base has had two.
+class PaintedLamp : public CopyableObject<PaintedLamp, Lamp>
+{
+public:
+    unsigned int _colour = 0;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::PaintedLamp";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        EXPECT_EQ(items.getVersion(), 1u);
+        items("_colour", self._colour);
+    }
+
+    void copyMembers(const PaintedLamp&) {}
+};
+
+EarlierLamp makeEarlierLamp(bool bOn, double watts)
+{
+    EarlierLamp lamp;
+    lamp._bOn = bOn;
+    lamp._watts = watts;
+    return lamp;
+}
+
+} // namespace
+
+template <class Form>
+class SerializableClass : public ::testing::Test
+{
+};
+
+TYPED_TEST_SUITE(SerializableClass, ArchiveForms);
+
+TEST(SerializableClass, AClassTellsItsNameAndVersion)
+{
+    EXPECT_EQ(Circle::getTypeName(), "test::Circle");
+    EXPECT_EQ(Circle::getVersion(), 2u);
+    EXPECT_EQ(Shape::getTypeName(), "test::Shape");
+    EXPECT_EQ(Shape::getVersion(), 1u);
+}
+
+TEST(SerializableClass, AnObjectTellsTheNameOfItsConcreteClass)
+{
+    const Circle circle;
+    const Shape& shape = circle;
+    EXPECT_EQ(shape.getClassName(), "test::Circle");
+}
+
+TEST(SerializableClass, TheTypeNameIsOneString)
+{
+    EXPECT_EQ(&Circle::getTypeName(), &Circle().getClassName());
+}
+
+TYPED_TEST(SerializableClass, AnObjectPassesWithItsBase)
+{
+    Circle circle("round", 3.0);
+    circle._bFilled = true;
+    circle._colour = 0xFF8000;
+    const auto restored = passThrough<TypeParam>(circle);
+    EXPECT_EQ(restored._name, "round");
+    EXPECT_EQ(restored._radius, 3.0);
+    EXPECT_TRUE(restored._bFilled);
+    EXPECT_EQ(restored._colour, 0xFF8000u);
+}
+
+TYPED_TEST(SerializableClass, AnItemThatDependsOnAnotherIsLeftOut)
+{
+    Circle circle("round", 3.0);
+    circle._colour = 5;
+    EXPECT_EQ(passThrough<TypeParam>(circle)._colour, 0u);
+}
+
+TYPED_TEST(SerializableClass, BasesComeFirstEachBehindItsVersion)
+{
+    const std::string bytes = save<TypeParam>(Circle("round", 3.0));
+    readArchive<TypeParam>(bytes,
+                           [](BaseIArchive& archive)
+                           {
+                               ovUInt32 version = 0;
+                               std::string name;
+                               bool bFilled = true;
+                               double radius = 0.0;
+                               const ArchiveSectionManager value(archive, "value");
+                               {
+                                   const ArchiveSectionManager shape(archive, "test::Shape");
+                                   archive >> makeIItem("version", version);
+                                   EXPECT_EQ(version, 1u);
+                               }
+                               archive >> makeIItem("_name", name);
+                               {
+                                   const ArchiveSectionManager circle(archive, "test::Circle");
+                                   archive >> makeIItem("version", version);
+                                   EXPECT_EQ(version, 2u);
+                               }
+                               archive >> makeIItem("_bFilled", bFilled) >> makeIItem("_radius", radius);
+                           });
+}
+
+TYPED_TEST(SerializableClass, TheVersionStandsOnceInAnArchive)
+{
+    const std::string bytes = writeArchive<TypeParam>(
+        [](BaseOArchive& archive)
+        { archive << makeOItem("first", Circle("a", 1.0)) << makeOItem("second", Circle("b", 2.0)); });
+    readArchive<TypeParam>(bytes,
+                           [](BaseIArchive& archive)
+                           {
+                               Circle first;
+                               std::string name;
+                               bool bFilled = true;
+                               double radius = 0.0;
+                               archive >> makeIItem("first", first);
+                               const ArchiveSectionManager second(archive, "second");
+                               archive >> makeIItem("_name", name) >> makeIItem("_bFilled", bFilled) >>
+                                   makeIItem("_radius", radius);
+                               EXPECT_EQ(name, "b");
+                           });
+}
+
+TYPED_TEST(SerializableClass, SeveralObjectsOfAClassPass)
+{
+    const std::string bytes = writeArchive<TypeParam>(
+        [](BaseOArchive& archive)
+        { archive << makeOItem("first", Circle("a", 1.0)) << makeOItem("second", Circle("b", 2.0)); });
+    readArchive<TypeParam>(bytes,
+                           [](BaseIArchive& archive)
+                           {
+                               Circle first;
+                               Circle second;
+                               archive >> makeIItem("first", first) >> makeIItem("second", second);
+                               EXPECT_EQ(first._name, "a");
+                               EXPECT_EQ(second._name, "b");
+                           });
+}
+
+TYPED_TEST(SerializableClass, ANewerVersionRaises)
+{
+    const std::string bytes = save<TypeParam>(LaterCircle());
+    Circle circle;
+    expectRaises<OVRIXSerializationException>("Version 3 of class test::Circle is newer than supported version 2",
+                                              [&] { load<TypeParam>(bytes, circle); });
+}
+
+TYPED_TEST(SerializableClass, AnOlderVersionIsRead)
+{
+    Circle circle;
+    load<TypeParam>(save<TypeParam>(EarlierCircle()), circle);
+    EXPECT_EQ(circle._radius, 2.5);
+}
+
+TYPED_TEST(SerializableClass, TheVersionReadIsRegistered)
+{
+    const std::string bytes = save<TypeParam>(EarlierCircle());
+    readArchive<TypeParam>(bytes,
+                           [](BaseIArchive& archive)
+                           {
+                               Circle circle;
+                               archive >> makeIItem("value", circle);
+                               EXPECT_EQ(archive.getRegisterClassVersion("test::Circle"), 1u);
+                           });
+}
+
+TYPED_TEST(SerializableClass, ItemsOfAnOlderVersionAreRead)
+{
+    Lamp lamp;
+    lamp._room = "hall";
+    load<TypeParam>(save<TypeParam>(makeEarlierLamp(true, 25.0)), lamp);
+    EXPECT_TRUE(lamp._bOn);
+    EXPECT_EQ(lamp._brightness, 0.25);
+    EXPECT_EQ(lamp._room, "unknown");
+}
+
+TYPED_TEST(SerializableClass, ItemsOfAnOlderVersionAreReadFromEveryObject)
+{
+    const std::string bytes = writeArchive<TypeParam>(
+        [](BaseOArchive& archive) {
+            archive << makeOItem("first", makeEarlierLamp(true, 25.0))
+                    << makeOItem("second", makeEarlierLamp(false, 50.0));
+        });
+    readArchive<TypeParam>(bytes,
+                           [](BaseIArchive& archive)
+                           {
+                               Lamp first;
+                               Lamp second;
+                               archive >> makeIItem("first", first) >> makeIItem("second", second);
+                               EXPECT_FALSE(second._bOn);
+                               EXPECT_EQ(second._brightness, 0.5);
+                           });
+}
+
+TYPED_TEST(SerializableClass, ItemsThatHaveChangedPass)
+{
+    Lamp lamp;
+    lamp._brightness = 0.5;
+    lamp._room = "hall";
+    const Lamp restored = passThrough<TypeParam>(lamp);
+    EXPECT_EQ(restored._brightness, 0.5);
+    EXPECT_EQ(restored._room, "hall");
+}
+
+TYPED_TEST(SerializableClass, EachClassOfAHierarchyHasAVersionOfItsOwn)
+{
+    PaintedLamp lamp;
+    lamp._brightness = 0.5;
+    lamp._colour = 7;
+    const PaintedLamp restored = passThrough<TypeParam>(lamp);
+    EXPECT_EQ(restored._brightness, 0.5);
+    EXPECT_EQ(restored._colour, 7u);
+}
+
+TYPED_TEST(SerializableClass, ItemsThatFitTogetherAreRead)
+{
+    NamedInterval interval;
+    interval._name = "unit";
+    interval._end = 1.0;
+    NamedInterval restored;
+    load<TypeParam>(save<TypeParam>(interval), restored);
+    EXPECT_EQ(restored._name, "unit");
+    EXPECT_EQ(restored._end, 1.0);
+}
+
+TYPED_TEST(SerializableClass, ItemsThatDoNotFitTogetherRaise)
+{
+    Interval interval;
+    interval._begin = 2.0;
+    Interval restored;
+    expectRaises<OVRIXSerializationException>(
+        "Object of class test::Interval can't be restored, it ends before it begins, in section \"/value\"",
+        [&] { load<TypeParam>(save<TypeParam>(interval), restored); });
+}
+
+TYPED_TEST(SerializableClass, ItemsOfABaseThatDoNotFitTogetherRaise)
+{
+    NamedInterval interval;
+    interval._begin = 2.0;
+    NamedInterval restored;
+    restored._name = "old";
+    interval._name = "new";
+    EXPECT_THROW(load<TypeParam>(save<TypeParam>(interval), restored), OVRIXSerializationException);
+    EXPECT_EQ(restored._name, "old"); // not reached
+}
+
+} // namespace test
+} // namespace ovrix
