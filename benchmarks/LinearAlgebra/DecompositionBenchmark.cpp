@@ -33,25 +33,16 @@ namespace
 using math::Matrix;
 using math::Vector;
 
-constexpr const char* g_names[] = {"choleskyDecomposition",
-                                   "choleskyInverse",
-                                   "luSolve",
-                                   "luInverse",
-                                   "upperTriangularInverse",
-                                   "qrDecomposition",
-                                   "qrSolve",
-                                   "svdDecomposition",
-                                   "svdSolve",
-                                   "svdSolveHomogeneous",
-                                   "svdInverse",
-                                   "eigenDecomposition",
-                                   "eigenPartialDecomposition"};
+constexpr const char* g_names[] = {
+    "choleskyDecomposition",  "choleskyInverse",     "luSolve",    "luInverse",          "upperTriangularInverse",
+    "lowerTriangularInverse", "qrDecomposition",     "qrSolve",    "svdDecomposition",   "svdSolve",
+    "svdSolveForSeveral",     "svdSolveHomogeneous", "svdInverse", "eigenDecomposition", "eigenPartialDecomposition"};
 
 /// Whether the computation is one of least squares, over twice as many rows as columns.
 bool isTall(eDecomposition decomposition)
 {
-    return decomposition == eD_QrSolve || decomposition == eD_SvdSolve || decomposition == eD_SvdSolveHomogeneous ||
-           decomposition == eD_SvdInverse;
+    return decomposition == eD_QrSolve || decomposition == eD_SvdSolve || decomposition == eD_SvdSolveForSeveral ||
+           decomposition == eD_SvdSolveHomogeneous || decomposition == eD_SvdInverse;
 }
 
 /// Whether it takes many times as long as the others.
@@ -125,10 +116,13 @@ DecompositionInput makeInput(eDecomposition decomposition, std::size_t n)
     std::mt19937 generator(static_cast<unsigned int>(n));
     std::uniform_real_distribution<double> uniform(-1.0, 1.0);
     const std::size_t m = isTall(decomposition) ? 2 * n : n;
-    DecompositionInput input{m, n, std::vector<double>(m * n), std::vector<double>(m)};
+    DecompositionInput input{m, n, std::vector<double>(m * n), std::vector<double>(m),
+                             std::vector<double>(m * g_nbRhs)};
     for (double& value : input.A)
         value = uniform(generator);
     for (double& value : input.b)
+        value = uniform(generator);
+    for (double& value : input.B)
         value = uniform(generator);
     const auto at = [&](std::size_t i, std::size_t j) -> double& { return input.A[i * n + j]; };
     switch (decomposition)
@@ -143,10 +137,14 @@ DecompositionInput makeInput(eDecomposition decomposition, std::size_t n)
         break;
     }
     case eD_UpperTriangularInverse:
+    case eD_LowerTriangularInverse:
         for (std::size_t i = 0; i < n; ++i)
         {
             for (std::size_t j = 0; j < n; ++j)
-                at(i, j) = j < i ? 0.0 : j == i ? 1.5 : at(i, j) / static_cast<double>(n);
+            {
+                const bool bInTriangle = decomposition == eD_UpperTriangularInverse ? j > i : j < i;
+                at(i, j) = j == i ? 1.5 : bInTriangle ? at(i, j) / static_cast<double>(n) : 0.0;
+            }
         }
         break;
     case eD_EigenDecomposition:
@@ -182,6 +180,7 @@ double computeError(eDecomposition decomposition, const DecompositionInput& inpu
     case eD_CholeskyInverse:
     case eD_LuInverse:
     case eD_UpperTriangularInverse:
+    case eD_LowerTriangularInverse:
     case eD_SvdInverse:
     {
         const Plain Ainv(n, m, outputs[0]);
@@ -196,10 +195,14 @@ double computeError(eDecomposition decomposition, const DecompositionInput& inpu
     }
     case eD_QrSolve:
     case eD_SvdSolve:
+    case eD_SvdSolveForSeveral:
     {
-        const Plain x(n, 1, outputs[0]);
-        error = Plain::distance(Plain::multiply(A, Plain::multiply(A, x), true), Plain::multiply(A, b, true)) /
-                (A.norm() * (A.norm() * x.norm() + b.norm()));
+        const bool bSeveral = decomposition == eD_SvdSolveForSeveral;
+        const std::size_t nbRhs = bSeveral ? g_nbRhs : 1;
+        const Plain x(n, nbRhs, outputs[0]);
+        const Plain rhs(m, nbRhs, bSeveral ? input.B : input.b);
+        error = Plain::distance(Plain::multiply(A, Plain::multiply(A, x), true), Plain::multiply(A, rhs, true)) /
+                (A.norm() * (A.norm() * x.norm() + rhs.norm()));
         break;
     }
     case eD_QrDecomposition:
@@ -239,13 +242,17 @@ struct Containers
 {
     explicit Containers(const DecompositionInput& input)
         : A(math::toUBlas(input.A, static_cast<ovUInt32>(input.n), static_cast<ovUInt32>(input.m))),
-          b(math::toUBlas(input.b)), square(input.n, input.n), secondSquare(input.n, input.n), Ainv(input.n, input.m),
+          b(math::toUBlas(input.b)),
+          B(math::toUBlas(input.B, static_cast<ovUInt32>(g_nbRhs), static_cast<ovUInt32>(input.m))),
+          X(input.n, g_nbRhs), square(input.n, input.n), secondSquare(input.n, input.n), Ainv(input.n, input.m),
           x(input.n), largest(std::min(input.n, g_nbLargest)), largestVectors(input.n, largest.size())
     {
     }
 
     Matrix A;
     Vector b;
+    Matrix B;
+    Matrix X;
     Matrix square;
     Matrix secondSquare;
     Matrix Ainv;
@@ -282,6 +289,13 @@ DecompositionRun makeOvrixRun(eDecomposition decomposition, const DecompositionI
                     math::upperTriangularInverse(p->square);
                 },
                 getSquare};
+    case eD_LowerTriangularInverse:
+        return {[p]
+                {
+                    p->square = p->A;
+                    math::lowerTriangularInverse(p->square);
+                },
+                getSquare};
     case eD_QrDecomposition:
         return {[p] { math::qrDecomposition(p->A, p->square, p->secondSquare); },
                 [p] { return toArrays(p->square, p->secondSquare); }};
@@ -292,6 +306,8 @@ DecompositionRun makeOvrixRun(eDecomposition decomposition, const DecompositionI
                 [p] { return toArrays(p->square, p->x, p->secondSquare); }};
     case eD_SvdSolve:
         return {[p] { math::svdSolve(p->A, p->b, p->x); }, getX};
+    case eD_SvdSolveForSeveral:
+        return {[p] { math::svdSolve(p->A, p->B, p->X); }, [p] { return toArrays(p->X); }};
     case eD_SvdSolveHomogeneous:
         return {[p] { math::svdSolve(p->A, p->x); }, getX};
     case eD_SvdInverse:
@@ -341,7 +357,7 @@ bool registerDecompositionPeer(const char* peerName, DecompositionRunFactory mak
         const auto decomposition = static_cast<eDecomposition>(i);
         if (!makePeerRun(decomposition, makeInput(decomposition, 2)).compute)
             continue;
-        for (const std::size_t n : {2u, 3u, 4u, 6u, 8u, 16u, 64u, 256u, 1024u})
+        for (const std::size_t n : {2u, 3u, 4u, 6u, 8u, 16u, 32u, 64u, 200u, 256u, 1024u})
         {
             if (isSlow(decomposition) && n > maxSlowSize)
                 continue;

@@ -17,10 +17,12 @@ enum eDecomposition : int
     eD_LuSolve,
     eD_LuInverse,
     eD_UpperTriangularInverse,
+    eD_LowerTriangularInverse,
     eD_QrDecomposition,
     eD_QrSolve,
     eD_SvdDecomposition,
     eD_SvdSolve,
+    eD_SvdSolveForSeveral,
     eD_SvdSolveHomogeneous,
     eD_SvdInverse,
     eD_EigenDecomposition,
@@ -31,6 +33,9 @@ enum eDecomposition : int
 /// Number of eigenvalues that eD_EigenPartialDecomposition asks for, where the matrix has as many.
 constexpr std::size_t g_nbLargest = 4;
 
+/// Number of right-hand sides of eD_SvdSolveForSeveral.
+constexpr std::size_t g_nbRhs = 4;
+
 /// The input; matrices stand row after row.
 struct DecompositionInput
 {
@@ -38,6 +43,7 @@ struct DecompositionInput
     std::size_t n;
     std::vector<double> A;
     std::vector<double> b;
+    std::vector<double> B; ///< m x g_nbRhs
 };
 
 using Arrays = std::vector<std::vector<double>>;

@@ -94,12 +94,9 @@ DecompositionRun makeRun(eDecomposition decomposition, const DecompositionInput&
         return {[p] { p->U = dlib::pinv(p->A); }, getU};
     case eD_EigenDecomposition:
         return {[p] { decomposeEigen(*p); }, [p] { return Arrays{toArray(p->s), toArray(p->U)}; }};
-    case eD_SvdSolve:
-    case eD_EigenPartialDecomposition:
-    case eD_Count:
-        break;
+    default:
+        return {};
     }
-    return {};
 }
 
 const bool g_bRegistered = registerDecompositionPeer("dlib", makeRun, 256);

@@ -211,12 +211,9 @@ DecompositionRun makeRun(eDecomposition decomposition, const DecompositionInput&
         return {[p] { solveSvdHomogeneous(*p); }, getX};
     case eD_EigenDecomposition:
         return {[p] { decomposeEigen(*p); }, [p] { return Arrays{toArray(p->s), toArray(p->v)}; }};
-    case eD_SvdInverse:
-    case eD_EigenPartialDecomposition:
-    case eD_Count:
-        break;
+    default:
+        return {};
     }
-    return {};
 }
 
 const bool g_bRegistered = registerDecompositionPeer("gsl", makeRun, 256);

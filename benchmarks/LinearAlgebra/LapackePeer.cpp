@@ -23,10 +23,10 @@ constexpr double g_tol = 0x1p-26;
 struct Workspace
 {
     explicit Workspace(const DecompositionInput& input)
-        : A(input.A), b(input.b), m(static_cast<lapack_int>(input.m)), n(static_cast<lapack_int>(input.n)),
-          q(static_cast<lapack_int>(std::min(input.n, g_nbLargest))), a(input.A.size()), bCopy(input.m), x(input.n),
-          s(input.n), superb(input.n), tau(input.n), u(input.m * input.n), vt(input.n * input.n),
-          inverse(input.n * input.m), r(input.n * input.n), ipiv(2 * input.n)
+        : A(input.A), b(input.b), B(input.B), m(static_cast<lapack_int>(input.m)), n(static_cast<lapack_int>(input.n)),
+          q(static_cast<lapack_int>(std::min(input.n, g_nbLargest))), a(input.A.size()), bCopy(input.B.size()),
+          x(input.n), X(input.n * g_nbRhs), s(input.n), superb(input.n), tau(input.n), u(input.m * input.n),
+          vt(input.n * input.n), inverse(input.n * input.m), r(input.n * input.n), ipiv(2 * input.n)
     {
     }
 
@@ -44,10 +44,11 @@ struct Workspace
 
     const std::vector<double> A;
     const std::vector<double> b;
+    const std::vector<double> B;
     const lapack_int m;
     const lapack_int n;
     const lapack_int q;
-    std::vector<double> a, bCopy, x, s, superb, tau, u, vt, inverse, r;
+    std::vector<double> a, bCopy, x, X, s, superb, tau, u, vt, inverse, r;
     std::vector<lapack_int> ipiv;
 };
 
@@ -84,9 +85,9 @@ void invertLu(Workspace& w)
     LAPACKE_dgetri(g_layout, w.n, w.a.data(), w.n, w.ipiv.data());
 }
 
-void invertUpperTriangle(Workspace& w)
+void invertTriangle(Workspace& w, char uplo)
 {
-    LAPACKE_dtrtri(g_layout, 'U', 'N', w.n, w.copyA(), w.n);
+    LAPACKE_dtrtri(g_layout, uplo, 'N', w.n, w.copyA(), w.n);
 }
 
 void decomposeQr(Workspace& w)
@@ -121,6 +122,14 @@ void solveSvd(Workspace& w)
     std::copy_n(w.bCopy.begin(), w.x.size(), w.x.begin());
 }
 
+void solveSvdForSeveral(Workspace& w)
+{
+    lapack_int rank = 0;
+    std::copy(w.B.begin(), w.B.end(), w.bCopy.begin());
+    LAPACKE_dgelss(g_layout, w.m, w.n, g_nbRhs, w.copyA(), w.n, w.bCopy.data(), g_nbRhs, w.s.data(), g_tol, &rank);
+    std::copy_n(w.bCopy.begin(), w.x.size() * g_nbRhs, w.X.begin());
+}
+
 void solveSvdHomogeneous(Workspace& w)
 {
     LAPACKE_dgesvd(g_layout, 'N', 'O', w.m, w.n, w.copyA(), w.n, w.s.data(), nullptr, w.n, nullptr, w.n,
@@ -139,16 +148,17 @@ void invertSvd(Workspace& w)
         for (std::size_t i = 0; i < n; ++i)
             w.a[q * n + i] *= 1.0 / w.s[q];
     }
-    std::fill(w.inverse.begin(), w.inverse.end(), 0.0);
-    for (std::size_t i = 0; i < n; ++i)
+    std::vector<double>& column = w.tau;
+    for (std::size_t r = 0; r < m; ++r)
     {
-        for (std::size_t r = 0; r < m; ++r)
+        std::fill_n(column.begin(), n, 0.0);
+        for (std::size_t q = 0; q < n; ++q)
         {
-            double sum = 0.0;
-            for (std::size_t q = 0; q < n; ++q)
-                sum += w.a[q * n + i] * w.u[r * n + q];
-            w.inverse[i * m + r] = sum;
+            for (std::size_t i = 0; i < n; ++i)
+                column[i] += w.a[q * n + i] * w.u[r * n + q];
         }
+        for (std::size_t i = 0; i < n; ++i)
+            w.inverse[i * m + r] = column[i];
     }
 }
 
@@ -188,7 +198,9 @@ DecompositionRun makeRun(eDecomposition decomposition, const DecompositionInput&
     case eD_LuInverse:
         return {[p] { invertLu(*p); }, getA};
     case eD_UpperTriangularInverse:
-        return {[p] { invertUpperTriangle(*p); }, getA};
+        return {[p] { invertTriangle(*p, 'U'); }, getA};
+    case eD_LowerTriangularInverse:
+        return {[p] { invertTriangle(*p, 'L'); }, getA};
     case eD_QrDecomposition:
         return {[p] { decomposeQr(*p); }, [p] { return Arrays{p->u, p->r}; }};
     case eD_QrSolve:
@@ -197,6 +209,8 @@ DecompositionRun makeRun(eDecomposition decomposition, const DecompositionInput&
         return {[p] { decomposeSvd(*p); }, [p] { return Arrays{p->u, p->s, p->vt}; }};
     case eD_SvdSolve:
         return {[p] { solveSvd(*p); }, getX};
+    case eD_SvdSolveForSeveral:
+        return {[p] { solveSvdForSeveral(*p); }, [p] { return Arrays{p->X}; }};
     case eD_SvdSolveHomogeneous:
         return {[p] { solveSvdHomogeneous(*p); }, getX};
     case eD_SvdInverse:
