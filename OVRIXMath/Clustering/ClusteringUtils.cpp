@@ -1,10 +1,7 @@
-#include <OVRIXMath/Clustering/ClusteringLogMessages.h>
 #include <OVRIXMath/Clustering/ClusteringUtils.h>
-#include <OVRIXMath/OVRIXMathFailure.h>
-#include <OVRIXUtil/RandomUniformGenerator.h>
-
-#include <boost/random/uniform_int_distribution.hpp>
-#include <boost/random/uniform_real_distribution.hpp>
+#include <OVRIXMath/Clustering/KMeansAttempt.h>
+#include <OVRIXMath/Clustering/KMeansSeeding.h>
+#include <OVRIXMath/Clustering/SampleTable.h>
 
 #include <algorithm>
 #include <cmath>
@@ -16,23 +13,7 @@ namespace math
 namespace clustering
 {
 
-namespace
-{
-
-double squaredDistance(const Vector& a, const Vector& b)
-{
-    const double* pA = a.data().begin();
-    const double* pB = b.data().begin();
-    double sum = 0.0;
-    for (std::size_t j = 0; j < a.size(); ++j)
-    {
-        const double difference = pA[j] - pB[j];
-        sum += difference * difference;
-    }
-    return sum;
-}
-
-} // namespace
+using details::squaredDistance;
 
 ovReal64 computeCompactness(const VectorColl& centers, const VectorColl& data, const UInt32Vector& assignments)
 {
@@ -114,56 +95,18 @@ void computeClustersCenters(ovUInt32 nbClusters, const VectorColl& data, const U
 ovUInt32 computeKMeansAttempt(const VectorColl& data, ovUInt32 nbMaxIteration, VectorColl& centers,
                               UInt32Vector& assignments)
 {
-    const ovUInt32 nbClusters = static_cast<ovUInt32>(centers.size());
-    assignments.assign(data.size(), nbClusters);
-    if (nbMaxIteration == 0)
-        return 0;
-    if (data.empty())
-        return 1;
-    ovUInt32 iteration = 0;
-    while (true)
-    {
-        bool bChanged = false;
-        for (std::size_t i = 0; i < data.size(); ++i)
-        {
-            const ovUInt32 label = computeAssignment(centers, data[i]);
-            bChanged = bChanged || label != assignments[i];
-            assignments[i] = label;
-        }
-        ++iteration;
-        if (!bChanged)
-            return iteration;
-        computeClustersCenters(nbClusters, data, assignments, centers);
-        if (iteration >= nbMaxIteration)
-            return iteration;
-    }
+    const details::SampleTable samples(data);
+    return details::KMeansAttempt(samples).run(nbMaxIteration, centers, assignments);
 }
 
 void generateKMeansPPInit(ovUInt32 nbClusters, const VectorColl& data, VectorColl& centers)
 {
     centers.clear();
-    const ovUInt32 nbData = static_cast<ovUInt32>(data.size());
-    OVRIXMATH_RAISE_UNLESS(nbClusters <= nbData, eClusteringMessage, 5, nbClusters, nbData);
-    if (nbData == 0)
-        return;
-    centers.reserve(nbClusters);
-    boost::random::mt19937& generator = RandomUniformGenerator::getGen();
-    centers.push_back(data[boost::random::uniform_int_distribution<ovUInt32>(0, nbData - 1)(generator)]);
-    std::vector<double> cumulated(nbData);
-    while (centers.size() < nbClusters)
-    {
-        double total = 0.0;
-        for (std::size_t i = 0; i < nbData; ++i)
-        {
-            total += squaredDistance(data[i], centers.back());
-            cumulated[i] = total;
-        }
-        const double drawn = boost::random::uniform_real_distribution<double>(0.0, total)(generator);
-        std::size_t i = 0;
-        while (drawn > cumulated[i])
-            ++i;
-        centers.push_back(data[i]);
-    }
+    const details::SampleTable samples(data);
+    UInt32Vector seeds;
+    details::KMeansSeeding(samples).draw(nbClusters, seeds);
+    for (const ovUInt32 seed : seeds)
+        centers.push_back(data[seed]);
 }
 
 ovReal64 radialBasisKernelSigmaFromDynamic(const VectorColl& data, ovReal64 factor)

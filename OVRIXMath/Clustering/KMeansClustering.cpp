@@ -1,9 +1,11 @@
+#include <OVRIXMath/Clustering/ClusterNumbering.h>
 #include <OVRIXMath/Clustering/ClusteringLogMessages.h>
+#include <OVRIXMath/Clustering/KMeansAttempt.h>
 #include <OVRIXMath/Clustering/KMeansClustering.h>
+#include <OVRIXMath/Clustering/KMeansSeeding.h>
+#include <OVRIXMath/Clustering/SampleTable.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 
-#include <algorithm>
-#include <functional>
 #include <ostream>
 #include <utility>
 
@@ -34,13 +36,19 @@ bool KMeansClustering::compute(ovUInt32 nbClusters, const VectorColl& data)
     _nbFailedAttempts = 0;
     _compactness = NumericLimits<ovReal64>::s_max;
 
+    const details::SampleTable samples(_inputDataColl);
+    details::KMeansSeeding seeding(samples);
+    details::KMeansAttempt attempt(samples);
+    UInt32Vector seeds;
     VectorColl centers;
     UInt32Vector assignments;
-    for (ovUInt32 attempt = 0; attempt < _config.getNbAttempts(); ++attempt)
+    for (ovUInt32 i = 0; i < _config.getNbAttempts(); ++i)
     {
-        generateKMeansPPInit(nbClusters, _inputDataColl, centers);
-        const ovUInt32 nbIteration =
-            computeKMeansAttempt(_inputDataColl, _config.getNbMaxIteration(), centers, assignments);
+        seeding.draw(nbClusters, seeds);
+        centers.resize(nbClusters);
+        for (ovUInt32 k = 0; k < nbClusters; ++k)
+            centers[k] = _inputDataColl[seeds[k]];
+        const ovUInt32 nbIteration = attempt.run(_config.getNbMaxIteration(), centers, assignments);
         if (nbIteration >= _config.getNbMaxIteration())
         {
             ++_nbFailedAttempts;
@@ -158,26 +166,12 @@ ovReal64 KMeansClustering::getClusterStdDev(ovUInt32 clusterIdx) const
 /// Numbers the clusters by decreasing population, the higher former label first among equal ones.
 void KMeansClustering::sortClusters()
 {
-    const std::size_t nbClusters = _clustersCenters.size();
-    std::vector<std::pair<ovUInt32, ovUInt32>> populations(nbClusters);
-    for (ovUInt32 label = 0; label < nbClusters; ++label)
-        populations[label] = std::make_pair(computeClusterPopulation(label, _assignments), label);
-    std::sort(populations.begin(), populations.end(), std::greater<>());
-
-    VectorColl centers(nbClusters);
-    UInt32Vector newLabels(nbClusters);
-    for (ovUInt32 label = 0; label < nbClusters; ++label)
-    {
-        const ovUInt32 formerLabel = populations[label].second;
-        newLabels[formerLabel] = label;
-        centers[label].swap(_clustersCenters[formerLabel]);
-    }
+    const UInt32Vector formerLabels =
+        details::numberByPopulation(static_cast<ovUInt32>(_clustersCenters.size()), _assignments);
+    VectorColl centers(formerLabels.size());
+    for (std::size_t label = 0; label < centers.size(); ++label)
+        centers[label].swap(_clustersCenters[formerLabels[label]]);
     _clustersCenters.swap(centers);
-    for (unsigned int& label : _assignments)
-    {
-        if (label < nbClusters)
-            label = newLabels[label];
-    }
 }
 
 std::ostream& operator<<(std::ostream& stream, const KMeansClustering& clustering)

@@ -1,3 +1,5 @@
+#include <OVRIXMath/Clustering/DunnIndex.h>
+#include <OVRIXMath/Clustering/SampleTable.h>
 #include <OVRIXMath/Clustering/ValidityIndex.h>
 
 #include <algorithm>
@@ -13,21 +15,10 @@ namespace clustering
 namespace
 {
 
+using details::squaredDistance;
+
 constexpr double g_min = NumericLimits<double>::s_min;
 constexpr double g_max = NumericLimits<double>::s_max;
-
-double squaredDistance(const Vector& a, const Vector& b)
-{
-    const double* pA = a.data().begin();
-    const double* pB = b.data().begin();
-    double sum = 0.0;
-    for (std::size_t j = 0; j < a.size(); ++j)
-    {
-        const double difference = pA[j] - pB[j];
-        sum += difference * difference;
-    }
-    return sum;
-}
 
 double distance(const Vector& a, const Vector& b)
 {
@@ -73,24 +64,6 @@ struct Partition
         return sum;
     }
 };
-
-double dunn(const Partition& partition)
-{
-    double minInter = g_max;
-    double maxIntra = g_min;
-    for (std::size_t i = 0; i < partition.data.size(); ++i)
-    {
-        for (std::size_t j = i + 1; j < partition.data.size(); ++j)
-        {
-            const double d = squaredDistance(partition.data[i], partition.data[j]);
-            if (partition.assignments[i] == partition.assignments[j])
-                maxIntra = std::max(maxIntra, d);
-            else
-                minInter = std::min(minInter, d);
-        }
-    }
-    return maxIntra != 0.0 ? std::sqrt(minInter / maxIntra) : 0.0;
-}
 
 double daviesBouldin(const Partition& partition)
 {
@@ -259,7 +232,7 @@ ovReal64 computeValidityIndex(const VectorColl& centers, const VectorColl& data,
         return sd(partition);
     case eVIT_Dunn:
     default:
-        return dunn(partition);
+        return details::computeDunnIndex(data, assignments);
     }
 }
 

@@ -1,4 +1,4 @@
-"""The tasks of KernelBenchmark.cpp in scikit-learn, on one thread:
+"""The tasks of KMeansBenchmark.cpp and KernelBenchmark.cpp in scikit-learn, on one thread:
 
     OMP_NUM_THREADS=1 OPENBLAS_NUM_THREADS=1 /usr/bin/python3 benchmarks/Clustering/peers.py
 
@@ -6,9 +6,11 @@ Needs python3-sklearn. Prints the median time of each task in milliseconds.
 """
 
 import time
+import warnings
 
 import numpy as np
-from sklearn.cluster import SpectralClustering
+from sklearn.cluster import KMeans, SpectralClustering
+from sklearn.exceptions import ConvergenceWarning
 from sklearn.metrics.pairwise import pairwise_kernels
 
 
@@ -28,6 +30,15 @@ def make_rings(nb_samples):
     return np.stack([radius * np.cos(angle), radius * np.sin(angle)], axis=1)
 
 
+def make_uniform(nb_samples, dimension):
+    return np.random.RandomState(1).random_sample((nb_samples, dimension))
+
+
+def make_blobs(nb_samples, dimension):
+    middles = make_uniform(64, dimension)
+    return middles[np.arange(nb_samples) % 64] + 0.4 * (make_uniform(nb_samples, dimension) - 0.5)
+
+
 def median_time(task, nb_runs=5):
     task()
     times = []
@@ -38,7 +49,17 @@ def median_time(task, nb_runs=5):
     return 1e3 * sorted(times)[nb_runs // 2]
 
 
+def run_k_means():
+    for name, data in (("Uniform", make_uniform(100000, 16)), ("Blobs", make_blobs(100000, 16))):
+        for algorithm in ("lloyd", "elkan"):
+            clustering = KMeans(64, init=data[:128:2], n_init=1, max_iter=20, tol=0.0, algorithm=algorithm)
+            milliseconds = median_time(lambda: clustering.fit(data))
+            print(f"kMeans{name} {algorithm} {milliseconds:.1f} ms, {clustering.n_iter_} iterations")
+
+
 def main():
+    warnings.simplefilter("ignore", ConvergenceWarning)
+    run_k_means()
     kernels = [
         ("Linear", "linear", {}, (2, 16, 64)),
         ("Polynomial", "poly", {"gamma": 0.7, "coef0": 1.0, "degree": 2.0}, (2, 64)),

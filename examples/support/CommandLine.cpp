@@ -10,8 +10,9 @@ namespace po = boost::program_options;
 namespace examples
 {
 
-CommandLine::CommandLine(const std::string& program)
-    : _program(program), _options("Usage: " + program + " PICTURE [options]\n\nOptions")
+CommandLine::CommandLine(const std::string& program, bool bPicture)
+    : _program(program), _bPicture(bPicture),
+      _options("Usage: " + program + (bPicture ? " PICTURE" : "") + " [options]\n\nOptions")
 {
     _options.add_options()("help,h", "show this text");
 }
@@ -24,9 +25,12 @@ po::options_description_easy_init CommandLine::addOptions()
 bool CommandLine::read(int argc, char** argv)
 {
     po::options_description all;
-    all.add(_options).add_options()("picture", po::value(&_picture));
+    all.add(_options);
+    if (_bPicture)
+        all.add_options()("picture", po::value(&_picture));
     po::positional_options_description positional;
-    positional.add("picture", 1);
+    if (_bPicture)
+        positional.add("picture", 1);
 
     po::variables_map values;
     po::store(po::command_line_parser(argc, argv).options(all).positional(positional).run(), values);
@@ -36,7 +40,7 @@ bool CommandLine::read(int argc, char** argv)
         std::cout << _options;
         return false;
     }
-    if (_picture.empty())
+    if (_bPicture && _picture.empty())
         throw std::runtime_error("No picture is given, see " + _program + " --help");
     return true;
 }

@@ -8,16 +8,16 @@
 namespace examples
 {
 
-/// The command line of a program that works on one picture: `PROGRAM PICTURE [options]`, with --help.
+/// The command line of a program that works on one picture, `PROGRAM PICTURE [options]`, or on none, with --help.
 class CommandLine
 {
 public:
-    explicit CommandLine(const std::string& program);
+    explicit CommandLine(const std::string& program, bool bPicture = true);
 
     /// Takes the program's own options, as `boost::program_options` describes them.
     boost::program_options::options_description_easy_init addOptions();
 
-    /// Reads the picture and the options.
+    /// Reads the picture, if the program works on one, and the options.
     ///
     /// @return whether there is work to do; `false` when the help was asked for, which is then printed
     /// @throws std::exception with one line that says what is wrong with the arguments
@@ -28,6 +28,7 @@ public:
 
 private:
     std::string _program;
+    bool _bPicture;
     std::string _picture;
     boost::program_options::options_description _options;
 };

@@ -9,6 +9,7 @@
 #include <limits>
 #include <random>
 #include <set>
+#include <support/AllocationCount.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
 #include <support/PlainKMeans.h>
@@ -379,6 +380,64 @@ TEST(ClusteringUtils, AnAttemptIsThePlainOneInManyDimensions)
     expectPlainAttempt(data, VectorColl(data.begin(), data.begin() + 12), 100);
 }
 
+TEST(ClusteringUtils, AnAttemptIsThePlainOneWithThousandsOfClusters)
+{
+    // Too many for a table of the distances between centres.
+    std::mt19937 generator(11);
+    std::uniform_real_distribution<double> uniform;
+    const VectorColl data = makeSamples(5000, 2, [&] { return uniform(generator); });
+    EXPECT_GT(expectPlainAttempt(data, VectorColl(data.begin(), data.begin() + 4200), 5), 2u);
+}
+
+TEST(ClusteringUtils, AnAttemptIsThePlainOneFromCentersThatAreNoSamples)
+{
+    // Many of the centres win nothing and go to the origin, where they coincide.
+    std::mt19937 generator(12);
+    std::uniform_real_distribution<double> uniform(-1.0, 1.0);
+    for (int repeat = 0; repeat < 200 && !HasFailure(); ++repeat)
+    {
+        const std::size_t dimension = 1 + generator() % 5;
+        const VectorColl data = makeBlobs(generator, 1 + generator() % 200, dimension, 4);
+        const VectorColl centers =
+            makeSamples(1 + generator() % 20, dimension, [&] { return 30.0 * uniform(generator); });
+        expectPlainAttempt(data, centers, 40);
+    }
+}
+
+TEST(ClusteringUtils, AnAttemptIsThePlainOneWithAsManyClustersAsSamples)
+{
+    std::mt19937 generator(13);
+    for (std::size_t nbSamples = 1; nbSamples < 60; ++nbSamples)
+    {
+        const VectorColl data = makeSamples(nbSamples, 2, [&] { return double(generator() % 6); });
+        expectPlainAttempt(data, data, 40);
+    }
+}
+
+TEST(ClusteringUtils, FurtherIterationsAllocateNothing)
+{
+    std::mt19937 generator(14);
+    std::uniform_real_distribution<double> uniform;
+    const VectorColl data = makeSamples(2000, 4, [&] { return uniform(generator); });
+    const VectorColl firstCenters(data.begin(), data.begin() + 40);
+    const auto countAllocations = [&](ovUInt32 nbMaxIteration)
+    {
+        VectorColl centers = firstCenters;
+        UInt32Vector assignments;
+        const std::size_t nbBefore = test::getNbAllocations();
+        EXPECT_EQ(computeKMeansAttempt(data, nbMaxIteration, centers, assignments), nbMaxIteration);
+        return test::getNbAllocations() - nbBefore;
+    };
+    EXPECT_EQ(countAllocations(25), countAllocations(1));
+}
+
+TEST(ClusteringUtils, AnAssignmentAllocatesNothing)
+{
+    const VectorColl centers = makeDataSet({{0.0, 0.0}, {4.0, 0.0}});
+    const Vector sample = makeVector({3.0, 1.0});
+    EXPECT_EQ(test::countSteadyAllocations([&] { computeAssignment(centers, sample); }), 0u);
+}
+
 TEST(ClusteringUtils, AnAttemptIsThePlainOneOnMeasurements)
 {
     for (const char* name : {"iris.csv", "wine.csv"})
@@ -426,6 +485,26 @@ TEST(ClusteringUtils, SeedsAreThoseOfThePlainSteps)
         VectorColl plainCenters;
         RandomUniformGenerator::getGen().seed(seed);
         PlainKMeans::seed(nbClusters, data, plainCenters);
+        EXPECT_EQ(toStd(centers), toStd(plainCenters));
+        EXPECT_EQ(nextDraw, RandomUniformGenerator::getGen()());
+    }
+}
+
+TEST(ClusteringUtils, SeedsAreThoseOfThePlainStepsAmongEqualSamples)
+{
+    std::mt19937 generator(3);
+    for (unsigned int seed = 0; seed < 200; ++seed)
+    {
+        VectorColl data =
+            makeSamples(2 + generator() % 60, 1 + generator() % 40, [&] { return double(generator() % 2); });
+        data.front()[0] = 7.0;
+        VectorColl centers;
+        RandomUniformGenerator::getGen().seed(seed);
+        generateKMeansPPInit(static_cast<ovUInt32>(data.size()), data, centers);
+        const auto nextDraw = RandomUniformGenerator::getGen()();
+        VectorColl plainCenters;
+        RandomUniformGenerator::getGen().seed(seed);
+        PlainKMeans::seed(static_cast<ovUInt32>(data.size()), data, plainCenters);
         EXPECT_EQ(toStd(centers), toStd(plainCenters));
         EXPECT_EQ(nextDraw, RandomUniformGenerator::getGen()());
     }

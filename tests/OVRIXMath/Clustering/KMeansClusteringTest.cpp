@@ -7,6 +7,7 @@
 #include <limits>
 #include <random>
 #include <sstream>
+#include <support/AllocationCount.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
 #include <support/PlainKMeans.h>
@@ -318,6 +319,25 @@ TEST(KMeansClustering, GivesWhatThePlainMethodGives)
         const ovUInt32 nbClusters = static_cast<ovUInt32>(1 + generator() % 20);
         expectPlain(nbClusters, data, makeConfig(1 + generator() % 6, 1 + generator() % 30), seed);
     }
+}
+
+TEST(KMeansClustering, FurtherAttemptsAllocateNothing)
+{
+    std::mt19937 generator(6);
+    std::uniform_real_distribution<double> uniform;
+    VectorColl data(500, Vector(3));
+    for (Vector& sample : data)
+        std::generate(sample.begin(), sample.end(), [&] { return uniform(generator); });
+    const auto countAllocations = [&](ovUInt32 nbAttempts)
+    {
+        KMeansClustering clustering;
+        clustering.setConfig(makeConfig(nbAttempts, 1000));
+        RandomUniformGenerator::getGen().seed(1);
+        const std::size_t nbBefore = test::getNbAllocations();
+        EXPECT_TRUE(clustering.compute(8, data));
+        return test::getNbAllocations() - nbBefore;
+    };
+    EXPECT_EQ(countAllocations(20), countAllocations(1));
 }
 
 TEST(KMeansClustering, GivesWhatThePlainMethodGivesOnMeasurements)

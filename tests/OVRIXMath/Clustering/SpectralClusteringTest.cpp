@@ -16,7 +16,7 @@
 #include <support/Kernels.h>
 #include <support/PlainKernelKMeans.h>
 #include <support/RandomData.h>
-#include <support/Rings.h>
+#include <support/RingsAndMoons.h>
 #include <support/Tables.h>
 
 namespace ovrix
@@ -256,11 +256,22 @@ TEST(SpectralClustering, TellsTheTwoRingsApartThatKMeansCuts)
     RandomUniformGenerator::getGen().seed(1);
     KMeansClustering kMeans;
     ASSERT_TRUE(kMeans.compute(2, rings));
-    EXPECT_LT(test::countRingLabels(kMeans.getAssignments()), 130u);
+    EXPECT_LT(test::countAlternateLabels(kMeans.getAssignments()), 130u);
     const SpectralClustering<RadialBasisKernel> clustering = computed(RadialBasisKernel::createKernel(0.3), 2, rings);
-    EXPECT_EQ(test::countRingLabels(clustering.getAssignments()), 200u);
+    EXPECT_EQ(test::countAlternateLabels(clustering.getAssignments()), 200u);
     EXPECT_EQ(clustering.computeAssignment(makeVector({0.0, -1.0})), clustering.getAssignments()[0]);
     EXPECT_EQ(clustering.computeAssignment(makeVector({0.0, -3.0})), clustering.getAssignments()[1]);
+}
+
+TEST(SpectralClustering, TellsTheTwoHalfMoonsApartThatKMeansCuts)
+{
+    const VectorColl moons = test::makeMoons(300, 1);
+    RandomUniformGenerator::getGen().seed(1);
+    KMeansClustering kMeans;
+    ASSERT_TRUE(kMeans.compute(2, moons));
+    EXPECT_LT(test::countAlternateLabels(kMeans.getAssignments()), 280u);
+    const SpectralClustering<RadialBasisKernel> clustering = computed(RadialBasisKernel::createKernel(0.1), 2, moons);
+    EXPECT_EQ(test::countAlternateLabels(clustering.getAssignments()), 300u);
 }
 
 TEST(SpectralClustering, PrintsTheClusteringOfTheRows)

@@ -7,6 +7,7 @@
 #include <functional>
 #include <limits>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/Builders.h>
 #include <support/PlainKMeans.h>
 #include <support/Tables.h>
@@ -173,6 +174,44 @@ TEST(ValidityIndex, DunnIsThePlainOneOnLargerData)
         }
         expectPlainDunn(data, labels);
     }
+}
+
+TEST(ValidityIndex, DunnIsThePlainOneInManyDimensions)
+{
+    std::mt19937 generator(7);
+    std::uniform_real_distribution<double> uniform;
+    for (const std::size_t dimension : {127u, 128u, 129u, 300u})
+    {
+        VectorColl data(150, Vector(dimension));
+        UInt32Vector labels;
+        for (Vector& sample : data)
+        {
+            std::generate(sample.begin(), sample.end(), [&] { return uniform(generator); });
+            labels.push_back(static_cast<ovUInt32>(generator() % 3));
+        }
+        expectPlainDunn(data, labels);
+    }
+}
+
+TEST(ValidityIndex, DunnReadsLabelsOfAnyValue)
+{
+    const VectorColl data = makeDataSet({{0.0}, {3.0}, {10.0}, {11.0}, {20.0}});
+    const ovUInt32 largest = NumericLimits<ovUInt32>::s_max;
+    EXPECT_EQ(dunn(data, {largest, largest, 7, 7, 0}), std::sqrt(49.0 / 9.0));
+}
+
+TEST(ValidityIndex, DunnAllocatesNothing)
+{
+    std::mt19937 generator(8);
+    std::uniform_real_distribution<double> uniform;
+    VectorColl data(200, Vector(130));
+    UInt32Vector labels;
+    for (Vector& sample : data)
+    {
+        std::generate(sample.begin(), sample.end(), [&] { return uniform(generator); });
+        labels.push_back(static_cast<ovUInt32>(generator() % 3));
+    }
+    EXPECT_EQ(test::countSteadyAllocations([&] { dunn(data, labels); }), 0u);
 }
 
 TEST(ValidityIndex, DunnIsThePlainOneOnMeasurements)

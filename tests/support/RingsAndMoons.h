@@ -29,8 +29,27 @@ inline math::clustering::VectorColl makeRings(std::size_t nbSamples, unsigned in
     return samples;
 }
 
-/// How many of the labels 0 and 1 tell the ring of samples of makeRings(), whichever ring has which label.
-inline std::size_t countRingLabels(const math::clustering::UInt32Vector& labels)
+/// Samples along two half circles of radius 1 that reach into each other: of the upper one, about (0, 0), at even places,
+/// of the lower one, about (1, 0.5), at odd ones.
+inline math::clustering::VectorColl makeMoons(std::size_t nbSamples, unsigned int seed)
+{
+    std::mt19937 generator(seed);
+    std::uniform_real_distribution<double> angle(0.0, 3.141592653589793);
+    std::normal_distribution<double> noise(0.0, 0.05);
+    math::clustering::VectorColl samples(nbSamples, math::Vector(2));
+    for (std::size_t i = 0; i < nbSamples; ++i)
+    {
+        const double phi = angle(generator);
+        const double x = std::cos(phi);
+        const double y = std::sin(phi);
+        samples[i][0] = (i % 2 == 0 ? x : 1.0 - x) + noise(generator);
+        samples[i][1] = (i % 2 == 0 ? y : 0.5 - y) + noise(generator);
+    }
+    return samples;
+}
+
+/// How many of the labels 0 and 1 tell even from odd places, whichever has which label.
+inline std::size_t countAlternateLabels(const math::clustering::UInt32Vector& labels)
 {
     std::size_t nbEqual = 0;
     for (std::size_t i = 0; i < labels.size(); ++i)

@@ -1,0 +1,18 @@
+# Fails unless PROGRAM finds the number of heaps by two indices and draws all five; writes into FOLDER.
+file(MAKE_DIRECTORY "${FOLDER}")
+execute_process(COMMAND "${PROGRAM}" --output "${FOLDER}/choose_clusters.svg"
+    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
+if(NOT status STREQUAL "0")
+    message(FATAL_ERROR "The exit status is ${status}: ${error}")
+endif()
+foreach(index "Dunn" "Davies-Bouldin")
+    if(NOT output MATCHES "${index} chooses 5 clusters\n")
+        message(FATAL_ERROR "The index ${index} does not choose the five heaps:\n${output}")
+    endif()
+endforeach()
+file(READ "${FOLDER}/choose_clusters.svg" picture)
+string(REGEX MATCHALL "<polyline " plots "${picture}")
+list(LENGTH plots nb_plots)
+if(NOT nb_plots EQUAL 5 OR NOT picture MATCHES ">5 clusters<")
+    message(FATAL_ERROR "The picture has ${nb_plots} plots, or not the samples in five clusters")
+endif()

@@ -1,0 +1,28 @@
+# Fails unless PROGRAM matches most points rightly, and more of them than by taking the nearest; writes into FOLDER.
+file(MAKE_DIRECTORY "${FOLDER}")
+execute_process(COMMAND "${PROGRAM}" --output "${FOLDER}/match_points.svg"
+    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
+if(NOT status STREQUAL "0")
+    message(FATAL_ERROR "The exit status is ${status}: ${error}")
+endif()
+if(NOT output MATCHES "Nearest one left: ([0-9]+) of [0-9]+ pairs are right")
+    message(FATAL_ERROR "There are no nearest points in:\n${output}")
+endif()
+set(nb_nearest ${CMAKE_MATCH_1})
+if(NOT output MATCHES "Partial matching: ([0-9]+) of ([0-9]+) pairs are right")
+    message(FATAL_ERROR "There is no partial matching in:\n${output}")
+endif()
+set(nb_right ${CMAKE_MATCH_1})
+math(EXPR nb_least "${CMAKE_MATCH_2} * 3 / 4")
+if(nb_right LESS nb_least OR NOT nb_right GREATER nb_nearest)
+    message(FATAL_ERROR "Too few pairs are right:\n${output}")
+endif()
+
+# One line for each pair of both matchings.
+file(READ "${FOLDER}/match_points.svg" picture)
+string(REGEX MATCHALL "<line class=\"right\"" lines "${picture}")
+list(LENGTH lines nb_lines)
+math(EXPR nb_expected "${nb_nearest} + ${nb_right}")
+if(NOT nb_lines EQUAL nb_expected)
+    message(FATAL_ERROR "The picture has ${nb_lines} right pairs, but the program tells of ${nb_expected}")
+endif()
