@@ -1,15 +1,9 @@
 #include <OVRIXSerialization/BaseArchive.h>
+#include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 namespace ovrix
 {
-
-namespace
-{
-
-constexpr std::size_t g_maxNameSizeInPath = 200;
-
-} // namespace
 
 BaseArchive::BaseArchive(bool bText) : _bText(bText) {}
 
@@ -43,9 +37,7 @@ void BaseArchive::openSection(std::string_view name)
     processOpenSection(name);
     _parentPathSizes.push_back(_sectionPath.size());
     _sectionPath += '/';
-    _sectionPath += name.substr(0, g_maxNameSizeInPath);
-    if (name.size() > g_maxNameSizeInPath)
-        _sectionPath += "...";
+    details::appendQuote(_sectionPath, name);
 }
 
 void BaseArchive::closeSection()

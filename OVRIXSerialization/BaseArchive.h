@@ -60,7 +60,8 @@ public:
     std::size_t getSectionDepth() const;
 
     /// Where in the archive one is: "/", or the names of the open sections from the outermost to the current one, each
-    /// behind a "/". Of a name above 200 bytes the first 200 stand there, and "...".
+    /// behind a "/". It is made for messages: of a name above 200 bytes the first 200 stand there, and "...", and control
+    /// characters and bytes that are no UTF-8 are escaped.
     std::string getSectionPath() const;
 
 protected:

@@ -1,11 +1,8 @@
-#include <OVRIXSerialization/ArchiveSectionManager.h>
 #include <OVRIXSerialization/BaseIArchive.h>
 #include <OVRIXSerialization/BaseSerializationObject.h>
 #include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXUtil/DynamicObjectFactory.h>
-
-#include <boost/pointer_cast.hpp>
 
 namespace ovrix
 {
@@ -21,17 +18,34 @@ void BaseIArchive::readBlock(void* pData, std::size_t size)
 boost::shared_ptr<BaseSerializationObject> BaseIArchive::readObject(std::string_view name)
 {
     const ArchiveSectionManager section(*this, name);
+    auto pObject = createObject();
+    if (pObject)
+        readContent(*pObject);
+    return pObject;
+}
+
+boost::shared_ptr<BaseSerializationObject> BaseIArchive::createObject()
+{
     readItem("className", _className);
     if (_className.empty())
         return nullptr;
-
     const DynamicObjectFactory& factory = DynamicObjectFactory::getInstance();
     OVRIXSERIALIZATION_RAISE_UNLESS(factory.isRegistred(_className), 7, details::quote(_className), getSectionPath());
-    const auto pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(_className));
+    auto pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(_className));
     OVRIXSERIALIZATION_RAISE_UNLESS(pObject, 7, details::quote(_className), getSectionPath());
-    const BoolResult result = pObject->read(*this);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, pObject->getClassName(), result.getMessage());
     return pObject;
+}
+
+void BaseIArchive::readContent(BaseSerializationObject& object)
+{
+    const BoolResult result = object.read(*this);
+    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, object.getClassName(), getSectionPath(), result.getMessage());
+}
+
+void BaseIArchive::raiseForeignClass(const std::string& wantedName, const BaseSerializationObject& object) const
+{
+    details::raise<details::OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
+        OVRIX_FAILURE_SITE, 13, wantedName, object.getClassName(), getSectionPath());
 }
 
 } // namespace ovrix

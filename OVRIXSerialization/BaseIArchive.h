@@ -1,10 +1,12 @@
 #pragma once
 
 #include <OVRIXSerialization/ArchiveEntry.h>
+#include <OVRIXSerialization/ArchiveSectionManager.h>
 #include <OVRIXSerialization/BaseArchive.h>
 #include <OVRIXSerialization/ByteOrder.h>
 #include <OVRIXSerialization/Export.h>
 
+#include <boost/pointer_cast.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <algorithm>
@@ -21,8 +23,11 @@ class BaseSerializationObject;
 ///
 /// Values are read as items: `archive >> makeIItem("size", size)`. Everything that does not match what is asked for,
 /// and every archive that is broken, cut short or foreign, raises an OVRIXSerializationException that says what was
-/// expected, what was found and in which section. The archive is of no further use then. The value that was being read is
-/// as it was before; an object may have been read in part.
+/// expected, what was found and in which section. Blocks carry their size only: one that was written as doubles and is
+/// asked for as integers of 8 bytes matches.
+///
+/// An archive that has raised is of no further use. The value that was being read is as it was before; an object that can
+/// be not initialised is so, any other may have been read in part.
 class OVRIXSERIALIZATION_EXPORT BaseIArchive : public BaseArchive
 {
 public:
@@ -62,6 +67,12 @@ public:
     /// @return the object, or null when null was written
     boost::shared_ptr<BaseSerializationObject> readObject(std::string_view name);
 
+    /// As above, for an object that must be a T. Its content is not read when it is none.
+    ///
+    /// @tparam T a serialisable class
+    template <class T>
+    boost::shared_ptr<T> readObject(std::string_view name);
+
     /// What stands next, so that an archive of unknown content can be walked through. Nothing is consumed.
     virtual ArchiveEntry peekEntry() = 0;
 
@@ -78,8 +89,25 @@ protected:
     virtual void readBlockPart(void* pData, std::size_t size) = 0;
 
 private:
+    boost::shared_ptr<BaseSerializationObject> createObject();
+    void readContent(BaseSerializationObject& object);
+    [[noreturn]] void raiseForeignClass(const std::string& wantedName, const BaseSerializationObject& object) const;
+
     std::string _className;
 };
+
+template <class T>
+boost::shared_ptr<T> BaseIArchive::readObject(std::string_view name)
+{
+    const ArchiveSectionManager section(*this, name);
+    const boost::shared_ptr<BaseSerializationObject> pObject = createObject();
+    auto pTyped = boost::dynamic_pointer_cast<T>(pObject);
+    if (pObject && !pTyped)
+        raiseForeignClass(T::getTypeName(), *pObject);
+    if (pTyped)
+        readContent(*pTyped);
+    return pTyped;
+}
 
 template <class T, class Resize>
 void BaseIArchive::readArray(std::size_t count, Resize&& resize)

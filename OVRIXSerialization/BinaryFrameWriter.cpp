@@ -17,7 +17,8 @@ constexpr std::size_t g_blockFrameSize = std::size_t(1) << 18;
 
 } // namespace
 
-BinaryFrameWriter::BinaryFrameWriter(std::ostream& stream) : _stream(stream), _pBuffer(new char[s_bufferSize])
+BinaryFrameWriter::BinaryFrameWriter(std::ostream& stream, const BaseArchive& archive)
+    : _stream(stream, archive), _pBuffer(new char[s_bufferSize])
 {
     char header[g_binaryHeaderSize];
     std::memcpy(header, g_binaryMagic, sizeof(g_binaryMagic));
@@ -69,6 +70,8 @@ void BinaryFrameWriter::writeFrame(const char* pContent, std::size_t size, std::
     char header[g_frameHeaderSize];
     storeLittleEndian(header, length);
     storeLittleEndian(header + sizeof(length), computeFrameChecksum(pContent, _frameNumber, length));
+    // When the stream fails the buffer stays full, so that whatever comes next comes here and raises as well.
+    _size = s_bufferSize;
     _stream.write(header, sizeof(header));
     _stream.write(pContent, size);
     ++_frameNumber;

@@ -12,12 +12,15 @@ namespace ovrix
 namespace details
 {
 
-/// Cuts a stream of bytes into the frames of a binary archive. Everything raises when the stream fails.
+/// Cuts a stream of bytes into the frames of a binary archive. When the stream fails it raises, and so does everything
+/// from then on.
 class BinaryFrameWriter
 {
 public:
     /// Writes the header of the archive.
-    explicit BinaryFrameWriter(std::ostream& stream);
+    ///
+    /// @param archive whose section path stands in messages
+    BinaryFrameWriter(std::ostream& stream, const BaseArchive& archive);
 
     /// Room for `size` bytes, at most s_bufferSize, of which commit() takes those that were filled.
     char* reserve(std::size_t size)
@@ -38,6 +41,12 @@ public:
 
     /// Writes the last frame and flushes the stream.
     void finish();
+
+    /// The stream below.
+    const StreamWriter& getStream() const
+    {
+        return _stream;
+    }
 
     /// Frames of single items are made when that many bytes have come together.
     static constexpr std::size_t s_bufferSize = std::size_t(1) << 16;

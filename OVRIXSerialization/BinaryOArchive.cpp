@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstring>
 #include <deque>
-#include <exception>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -19,7 +18,7 @@ namespace ovrix
 class BinaryOArchive::Encoder
 {
 public:
-    Encoder(std::ostream& stream, const BaseArchive& archive) : _frames(stream), _archive(archive) {}
+    Encoder(std::ostream& stream, const BaseArchive& archive) : _frames(stream, archive), _archive(archive) {}
 
     /// Writes tag and name, and behind them the bytes of an unsigned number.
     template <class T>
@@ -54,6 +53,11 @@ public:
     void finish()
     {
         _frames.finish();
+    }
+
+    const details::StreamWriter& getStream() const
+    {
+        return _frames.getStream();
     }
 
 private:
@@ -94,10 +98,10 @@ BinaryOArchive::~BinaryOArchive()
 {
     try
     {
-        if (getSectionDepth() == 0)
+        if (_pEncoder && !_pEncoder->getStream().hasFailed() && getSectionDepth() == 0)
             close();
     }
-    catch (const std::exception&)
+    catch (...)
     {
         // It has been logged; a destructor can tell no more.
     }
@@ -151,10 +155,10 @@ void BinaryOArchive::close()
 {
     if (!_pEncoder)
         return;
+    _pEncoder->getStream().check();
     OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() == 0, 22, getSectionPath());
-    // Whatever comes of it, there is no second attempt.
-    const std::unique_ptr<Encoder> pEncoder = std::move(_pEncoder);
-    pEncoder->finish();
+    _pEncoder->finish();
+    _pEncoder.reset();
 }
 
 void BinaryOArchive::processOpenSection(std::string_view name)

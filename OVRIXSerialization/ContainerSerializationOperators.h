@@ -5,7 +5,6 @@
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/SerializationItem.h>
 
-#include <boost/pointer_cast.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
@@ -94,10 +93,7 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<boost::
     {
         const ArchiveSectionManager section(archive, item.getName());
         const ArchiveSectionManager typeSection(archive, details::getSharedPtrSectionName<T>());
-        const boost::shared_ptr<BaseSerializationObject> pObject = archive.readObject("pObject");
-        pTyped = boost::dynamic_pointer_cast<T>(pObject);
-        OVRIXSERIALIZATION_RAISE_UNLESS(!pObject || pTyped, 13, T::getTypeName(), pObject->getClassName(),
-                                        archive.getSectionPath());
+        pTyped = archive.readObject<T>("pObject");
     }
     item.getValue() = std::move(pTyped);
     return archive;

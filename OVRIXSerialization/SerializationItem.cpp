@@ -32,7 +32,8 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<BaseSer
 {
     const ArchiveSectionManager section(archive, item.getName());
     const BoolResult result = item.getValue().write(archive);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 11, item.getValue().getClassName(), result.getMessage());
+    OVRIXSERIALIZATION_RAISE_UNLESS(result, 11, item.getValue().getClassName(), archive.getSectionPath(),
+                                    result.getMessage());
     return archive;
 }
 
@@ -40,7 +41,8 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BaseSer
 {
     const ArchiveSectionManager section(archive, item.getName());
     const BoolResult result = item.getValue().read(archive);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, item.getValue().getClassName(), result.getMessage());
+    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, item.getValue().getClassName(), archive.getSectionPath(),
+                                    result.getMessage());
     return archive;
 }
 

@@ -7,7 +7,6 @@
 
 #include <pugixml.hpp>
 
-#include <exception>
 #include <new>
 #include <string>
 #include <utility>
@@ -58,7 +57,7 @@ private:
 class TextOArchive::Document
 {
 public:
-    Document(std::ostream& stream, const BaseArchive& archive) : _stream(stream), _archive(archive)
+    Document(std::ostream& stream, const BaseArchive& archive) : _stream(stream, archive), _archive(archive)
     {
         pugi::xml_node declaration = _document.append_child(pugi::node_declaration);
         checkMemory(!declaration.empty());
@@ -98,6 +97,11 @@ public:
         _stream.flush();
     }
 
+    const details::StreamWriter& getStream() const
+    {
+        return _stream;
+    }
+
 private:
     details::StreamWriter _stream;
     const BaseArchive& _archive;
@@ -111,10 +115,10 @@ TextOArchive::~TextOArchive()
 {
     try
     {
-        if (getSectionDepth() == 0)
+        if (_pDocument && !_pDocument->getStream().hasFailed() && getSectionDepth() == 0)
             close();
     }
-    catch (const std::exception&)
+    catch (...)
     {
         // It has been logged; a destructor can tell no more.
     }
@@ -164,10 +168,10 @@ void TextOArchive::close()
 {
     if (!_pDocument)
         return;
+    getDocument();
     OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() == 0, 22, getSectionPath());
-    // Whatever comes of it, there is no second attempt.
-    const std::unique_ptr<Document> pDocument = std::move(_pDocument);
-    pDocument->save();
+    _pDocument->save();
+    _pDocument.reset();
 }
 
 void TextOArchive::processOpenSection(std::string_view name)
@@ -183,6 +187,7 @@ void TextOArchive::processCloseSection()
 TextOArchive::Document& TextOArchive::getDocument()
 {
     OVRIXSERIALIZATION_RAISE_UNLESS(_pDocument, 15);
+    _pDocument->getStream().check();
     return *_pDocument;
 }
 
