@@ -17,10 +17,14 @@ void BaseIArchive::readBlock(void* pData, std::size_t size)
 
 boost::shared_ptr<BaseSerializationObject> BaseIArchive::readObject(std::string_view name)
 {
-    const ArchiveSectionManager section(*this, name);
-    auto pObject = createObject();
-    if (pObject)
-        readContent(*pObject);
+    // See readObject<T>().
+    boost::shared_ptr<BaseSerializationObject> pObject;
+    {
+        const ArchiveSectionManager section(*this, name);
+        pObject = createObject();
+        if (pObject)
+            readContent(*pObject);
+    }
     return pObject;
 }
 

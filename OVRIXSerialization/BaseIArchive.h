@@ -99,13 +99,18 @@ private:
 template <class T>
 boost::shared_ptr<T> BaseIArchive::readObject(std::string_view name)
 {
-    const ArchiveSectionManager section(*this, name);
-    const boost::shared_ptr<BaseSerializationObject> pObject = createObject();
-    auto pTyped = boost::dynamic_pointer_cast<T>(pObject);
-    if (pObject && !pTyped)
-        raiseForeignClass(T::getTypeName(), *pObject);
-    if (pTyped)
-        readContent(*pTyped);
+    // The end of the section raises where something else stands in its place; by then the object has to have an owner that
+    // is no return value, for which clang 14 forgets the destructor.
+    boost::shared_ptr<T> pTyped;
+    {
+        const ArchiveSectionManager section(*this, name);
+        const boost::shared_ptr<BaseSerializationObject> pObject = createObject();
+        pTyped = boost::dynamic_pointer_cast<T>(pObject);
+        if (pObject && !pTyped)
+            raiseForeignClass(T::getTypeName(), *pObject);
+        if (pTyped)
+            readContent(*pTyped);
+    }
     return pTyped;
 }
 

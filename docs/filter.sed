@@ -1,10 +1,14 @@
 # Blanks what is no part of a reader's interface, unless a comment stands before it: declarations of explicit
-# instantiations, and plain copies. Keeps the numbers of the lines.
+# instantiations, and plain copies. A concrete transform is shown as derived from the public base behind the templates
+# that it is made of. Keeps the numbers of the lines.
+#
+# Pictures of the guides are named alone, as they stand beside the pages.
+s|](\.\./pictures/|](|
 :comment
 /^ *\/\/\//{
     n
     /^ *\/\/\//b comment
-    b
+    b class
 }
 /^extern template/{
     :instantiation
@@ -16,3 +20,5 @@
 }
 /^ *\([A-Za-z0-9]*\)(const \1&[ a-z]*)[a-z =]*;$/s/.*//
 /^ *[A-Za-z0-9]*& operator=(const [A-Za-z0-9]*&[ a-z]*)[a-z =]*;$/s/.*//
+:class
+s/public details::ConcreteTransform\([23]\)d<.*>/public BaseLinearGeometricTransform\1d/

@@ -9,6 +9,7 @@
 #include <OVRIXMath/Geometry/3d/Transform/GeometricTransform3dUtils.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
 #include <OVRIXMath/OVRIXMathException.h>
+#include <OVRIXMath/Statistics/Histogram.h>
 #include <OVRIXSerialization/BaseIArchive.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 #include <OVRIXSerialization/OVRIXSerializationException.h>
@@ -190,6 +191,23 @@ void readAndUseEstimations(const std::string& bytes)
     readAndUse<Archive, math::EstimationResults>(bytes, useResults);
 }
 
+/// A histogram that is asked everything that does not grow with its population.
+template <class Archive>
+void readAndUseHistograms(const std::string& bytes)
+{
+    const auto use = [](const math::BaseHistogram& histogram)
+    {
+        std::ostringstream text;
+        text << histogram;
+        histogram.getQuantileClassIdx(0.5);
+        histogram.getMaxPopulationClassIdx();
+        histogram.findLocalMaxima(false, math::eEBP_Include, 0.0, 0);
+        histogram.findLocalDilatedMinima(1, math::eEBP_Exclude, 0.0, 0);
+    };
+    readAndUse<Archive, math::Histogram<false>>(bytes, use);
+    readAndUse<Archive, math::Histogram<true>>(bytes, use);
+}
+
 /// Reads the bytes as each of those types.
 template <class Archive, class... Types>
 void readAsEach(const std::string& bytes)
@@ -203,12 +221,26 @@ using BoundedVector = boost::numeric::ublas::bounded_vector<double, N>;
 template <std::size_t N>
 using BoundedMatrix = boost::numeric::ublas::bounded_matrix<double, N, N>;
 
-/// Reads the bytes as an archive that holds an item "value", for every kind of value that there is.
+/// Whether the archive begins with an item or a section "value". All others are refused there by every kind of value
+/// alike.
+template <class Archive>
+bool beginsWithValue(const std::string& bytes)
+{
+    bool bFound = false;
+    attempt<Archive, std::istringstream>(bytes, [&bFound](BaseIArchive& archive)
+                                         { bFound = archive.peekEntry().name == "value"; });
+    return bFound;
+}
+
+/// Walks through the bytes as an archive, and reads them as one that holds an item "value", for every kind of value
+/// that there is.
 template <class Archive>
 void readInEveryWay(const std::string& bytes)
 {
     attempt<Archive, std::istringstream>(bytes, walk);
     attempt<Archive, test::PipeStream>(bytes, walk);
+    if (!beginsWithValue<Archive>(bytes))
+        return;
     readAsEach<Archive, std::string, BoolResult, std::vector<double>, std::vector<float>, std::vector<signed char>,
                std::vector<unsigned short>, std::vector<long>, std::vector<bool>, std::vector<std::string>,
                std::set<std::set<unsigned int>>, std::map<double, std::vector<unsigned int>>>(bytes);
@@ -216,9 +248,12 @@ void readInEveryWay(const std::string& bytes)
                BoundedMatrix<2>, BoundedMatrix<3>, BoundedMatrix<4>>(bytes);
     readAsEach<Archive, std::vector<math::eRobustEstimationType>, std::vector<math::eDataPartitionType>,
                std::vector<math::transform::eGeometricTransform2dType>,
-               std::vector<math::transform::eGeometricTransform3dType>>(bytes);
-    readAsEach<Archive, math::DataPartitionPtr, math::EstimationConfig, math::EstimationResults>(bytes);
+               std::vector<math::transform::eGeometricTransform3dType>, std::vector<math::eHistogramOutOfBoundsPolicy>>(
+        bytes);
+    readAsEach<Archive, math::DataPartitionPtr, math::EstimationConfig, math::EstimationResults,
+               boost::shared_ptr<math::BaseHistogram>>(bytes);
     readAndUseEstimations<Archive>(bytes);
+    readAndUseHistograms<Archive>(bytes);
 }
 
 } // namespace fuzz

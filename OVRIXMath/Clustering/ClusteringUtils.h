@@ -1,11 +1,13 @@
 #pragma once
 
+#include <OVRIXMath/Clustering/KernelClusteringUtils.h>
 #include <OVRIXMath/Clustering/ValidityIndex.h>
 #include <OVRIXMath/Export.h>
 #include <OVRIXMath/Types.h>
 
 /// @file
-/// The steps of k-means. The indices that rate a partition of samples into clusters stand in ValidityIndex.h.
+/// The steps of k-means. Those of kernel k-means stand in KernelClusteringUtils.h, the indices that rate a partition of
+/// samples into clusters in ValidityIndex.h.
 ///
 /// Samples and centres are collections of vectors of one size; labels stand one per sample, in the order of the
 /// samples, each the index of a centre. Neither is checked: the caller guarantees it. A squared distance is the sum of

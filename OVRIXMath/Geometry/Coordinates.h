@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <type_traits>
 
 /// @file
 /// Points and directions as arrays of coordinates, for the bodies of the primitives. Sums run in the order of the axes.
@@ -20,24 +21,30 @@ namespace details
 template <class T, std::size_t Size>
 using Coordinates = std::array<T, Size>;
 
+/// Calls a function with the indexes of the axes, each a constant. A loop would be unrolled too late for the compiler to
+/// keep the coordinates in registers.
+template <std::size_t Size, class Function>
+auto forEachAxis(Function function)
+{
+    if constexpr (Size == 2)
+        return function(std::integral_constant<std::size_t, 0>(), std::integral_constant<std::size_t, 1>());
+    else
+        return function(std::integral_constant<std::size_t, 0>(), std::integral_constant<std::size_t, 1>(),
+                        std::integral_constant<std::size_t, 2>());
+}
+
 /// a - b.
 template <std::size_t Size>
 Coordinates<ovReal64, Size> subtract(const Coordinates<ovReal64, Size>& a, const Coordinates<ovReal64, Size>& b)
 {
-    Coordinates<ovReal64, Size> difference;
-    for (std::size_t i = 0; i < Size; ++i)
-        difference[i] = a[i] - b[i];
-    return difference;
+    return forEachAxis<Size>([&](auto... axes) { return Coordinates<ovReal64, Size>{a[axes] - b[axes]...}; });
 }
 
 /// a . b.
 template <std::size_t Size>
 ovReal64 dot(const Coordinates<ovReal64, Size>& a, const Coordinates<ovReal64, Size>& b)
 {
-    ovReal64 sum = a[0] * b[0];
-    for (std::size_t i = 1; i < Size; ++i)
-        sum += a[i] * b[i];
-    return sum;
+    return forEachAxis<Size>([&](auto... axes) { return (... + (a[axes] * b[axes])); });
 }
 
 /// |a|.
@@ -51,10 +58,8 @@ ovReal64 norm(const Coordinates<ovReal64, Size>& a)
 template <class T, std::size_t Size>
 Coordinates<ovReal64, Size> widen(const Coordinates<T, Size>& a)
 {
-    Coordinates<ovReal64, Size> wide;
-    for (std::size_t i = 0; i < Size; ++i)
-        wide[i] = static_cast<ovReal64>(a[i]);
-    return wide;
+    return forEachAxis<Size>([&](auto... axes)
+                             { return Coordinates<ovReal64, Size>{static_cast<ovReal64>(a[axes])...}; });
 }
 
 } // namespace details

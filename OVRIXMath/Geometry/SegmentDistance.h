@@ -21,12 +21,12 @@ ovReal64 pointsDistance(const Coordinates<T, Size>& p, const Coordinates<T, Size
 {
     // Unsigned arithmetic wraps by definition, with the bits of the signed one.
     using Arithmetic = std::conditional_t<std::is_integral<T>::value, unsigned int, T>;
-    Arithmetic sum = 0;
-    for (std::size_t i = 0; i < Size; ++i)
+    const auto square = [&](std::size_t axis)
     {
-        const Arithmetic difference = static_cast<Arithmetic>(p[i]) - static_cast<Arithmetic>(q[i]);
-        sum += difference * difference;
-    }
+        const Arithmetic difference = static_cast<Arithmetic>(p[axis]) - static_cast<Arithmetic>(q[axis]);
+        return difference * difference;
+    };
+    const Arithmetic sum = forEachAxis<Size>([&](auto... axes) { return (... + square(axes)); });
     if constexpr (std::is_integral<T>::value)
         return std::sqrt(static_cast<ovReal64>(static_cast<T>(sum)));
     else

@@ -1,6 +1,10 @@
 #include <OVRIXMath/Graph/AssignmentSearch.h>
+#include <OVRIXMath/Graph/SlackKernels.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
 
 namespace ovrix
 {
@@ -13,148 +17,337 @@ namespace
 {
 
 constexpr ovUInt32 g_none = NumericLimits<ovUInt32>::s_max;
+constexpr double g_infinity = std::numeric_limits<double>::infinity();
 
 } // namespace
 
-AssignmentSearch::AssignmentSearch(const double* weights, ovUInt32 nbRows, ovUInt32 nbColumns)
-    : _weights(weights), _nbRows(nbRows), _nbColumns(nbColumns), _columnMate(nbColumns, g_none),
-      _rowMate(nbRows, g_none), _columnLabel(nbColumns, NumericLimits<double>::s_min), _rowLabel(nbRows, 0.0),
-      _slack(nbRows), _slackColumn(nbRows, 0), _columnVisited(nbColumns), _rowVisited(nbRows), _parent(nbColumns)
+AssignmentSearch::AssignmentSearch(const double* weights, const WeightRange& range, ovUInt32 nbRows, ovUInt32 nbColumns)
+    : _weights(weights), _nbRows(nbRows), _nbColumns(nbColumns), _range(range), _nbLabelChanges(0.0),
+      _negativeChanges(0.0), _tolerance(0.0), _weightsByColumn(std::size_t(nbRows) * nbColumns),
+      _rowMate(nbRows, g_none), _columnMate(nbColumns, g_none), _rowLabel(nbRows, 0.0), _unvisitedRowLabel(nbRows, 0.0),
+      _freeLabel(nbColumns, NumericLimits<double>::s_min), _matchedLabel(nbColumns), _freeColumns(nbColumns),
+      _ranking(weights, nbRows, nbColumns, range.bExact), _nearRows(_weightsByColumn.data(), nbRows, nbColumns),
+      _freeSlack(nbRows), _freeSlackColumn(nbRows), _slacks(nbRows), _leastFreeRowSlack(0.0), _visited(nbRows),
+      _zeroRows(nbRows), _listed(nbRows), _parent(nbColumns), _rowList(nbRows)
 {
-    for (ovUInt32 row = 0; row < _nbRows; ++row)
-    {
-        for (ovUInt32 column = 0; column < _nbColumns; ++column)
-        {
-            if (weight(row, column) > _columnLabel[column])
-                _columnLabel[column] = weight(row, column);
-        }
-    }
-    // With columns to spare, the result is optimal only if all columns that stay free have one label.
-    if (_nbRows < _nbColumns)
-        _columnLabel.assign(_nbColumns, *std::max_element(_columnLabel.begin(), _columnLabel.end()));
+    _freeTightEdges.reserve(nbRows);
+    _tightEdges.reserve(nbRows);
+    _visitedRows.reserve(nbRows);
+    _visitedRowLabel.reserve(nbRows);
+    _visitedColumns.reserve(nbRows);
+    _visitedColumnLabel.reserve(nbRows);
+    std::iota(_freeColumns.begin(), _freeColumns.end(), 0u);
+    copyByColumns();
+    startLabels();
+    _freeColumnLabel = _freeLabel;
+    updateTolerance();
 }
 
 std::vector<ovUInt32> AssignmentSearch::run()
 {
     for (ovUInt32 pass = 0; pass < _nbRows; ++pass)
-    {
-        startPass();
-        search();
-    }
+        runPass();
     return _rowMate;
 }
 
-void AssignmentSearch::startPass()
+void AssignmentSearch::copyByColumns()
 {
-    _queue.clear();
-    _slack.assign(_nbRows, NumericLimits<double>::s_max);
-    _columnVisited.assign(_nbColumns, false);
-    _rowVisited.assign(_nbRows, false);
-    _parent.assign(_nbColumns, g_none);
-    for (ovUInt32 column = 0; column < _nbColumns; ++column)
+    // Square tiles keep the lines of both tables in the cache.
+    constexpr ovUInt32 tile = 32;
+    double* weightsByColumn = _weightsByColumn.data();
+    for (ovUInt32 firstRow = 0; firstRow < _nbRows; firstRow += tile)
     {
-        if (_columnMate[column] == g_none)
-            reach(column, g_none);
-    }
-}
-
-void AssignmentSearch::search()
-{
-    while (!followTightEdges() && !changeLabels())
-    {
-    }
-}
-
-/// Empties the queue; true when a free row was reached and the pass is over.
-bool AssignmentSearch::followTightEdges()
-{
-    while (!_queue.empty())
-    {
-        const ovUInt32 column = _queue.front();
-        _queue.pop_front();
-        for (ovUInt32 row = 0; row < _nbRows; ++row)
+        const ovUInt32 endRow = std::min(_nbRows, firstRow + tile);
+        for (ovUInt32 firstColumn = 0; firstColumn < _nbColumns; firstColumn += tile)
         {
-            if (_rowVisited[row] || !(_rowLabel[row] + _columnLabel[column] == weight(row, column)))
-                continue;
-            if (_rowMate[row] == g_none)
+            const ovUInt32 endColumn = std::min(_nbColumns, firstColumn + tile);
+            for (ovUInt32 column = firstColumn; column < endColumn; ++column)
             {
-                augment(row, column);
-                return true;
+                for (ovUInt32 row = firstRow; row < endRow; ++row)
+                    weightsByColumn[std::size_t(column) * _nbRows + row] =
+                        _weights[std::size_t(row) * _nbColumns + column];
             }
-            _rowVisited[row] = true;
-            reach(_rowMate[row], column);
         }
     }
-    return false;
 }
 
-/// Changes the labels so that another edge becomes tight; true when the pass is over.
-bool AssignmentSearch::changeLabels()
+void AssignmentSearch::startLabels()
 {
-    double delta = NumericLimits<double>::s_max;
     for (ovUInt32 row = 0; row < _nbRows; ++row)
     {
-        if (!_rowVisited[row] && _slack[row] < delta)
-            delta = _slack[row];
+        const double* weights = _weights + std::size_t(row) * _nbColumns;
+        for (ovUInt32 column = 0; column < _nbColumns; ++column)
+            _freeLabel[column] = weights[column] > _freeLabel[column] ? weights[column] : _freeLabel[column];
     }
-    for (ovUInt32 column = 0; column < _nbColumns; ++column)
-    {
-        if (_columnVisited[column])
-            _columnLabel[column] -= delta;
-    }
-    for (ovUInt32 row = 0; row < _nbRows; ++row)
-    {
-        if (_rowVisited[row])
-            _rowLabel[row] += delta;
-        else
-            _slack[row] -= delta;
-    }
+    // With columns to spare, the result is optimal only if all columns that stay free have one label.
+    if (_nbRows < _nbColumns)
+        _freeLabel.assign(_nbColumns, *std::max_element(_freeLabel.begin(), _freeLabel.end()));
+    _ranking.rankAll(_freeLabel);
+}
 
-    bool bProgress = false;
+void AssignmentSearch::updateTolerance()
+{
+    if (_range.bExact)
+        return;
+    const double tolerance = NumericLimits<double>::s_eps * (32.0 * _nbLabelChanges + 256.0) * _range.magnitude +
+                             4.0 * _negativeChanges + std::numeric_limits<double>::min();
+    _tolerance = tolerance < _range.magnitude / 16.0 ? tolerance : g_infinity;
+}
+
+/// Slacks below it are those up to the least slack of a free row, with the tolerance.
+double AssignmentSearch::getSlackLimit() const
+{
+    const double limit = std::nextafter(_leastFreeRowSlack + _tolerance, g_infinity);
+    return std::min(limit, NumericLimits<double>::s_max);
+}
+
+void AssignmentSearch::runPass()
+{
+    computeFreeSlacks();
+    Edge edge = findFreeRow();
+    if (edge.second == g_none)
+    {
+        edge = search();
+        closePass();
+    }
+    augment(edge);
+}
+
+/// The start of a pass: the least slacks over the free columns, and the tight edges to follow from them.
+void AssignmentSearch::computeFreeSlacks()
+{
+    _freeTightEdges.clear();
+    _leastFreeRowSlack = NumericLimits<double>::s_max;
     for (ovUInt32 row = 0; row < _nbRows; ++row)
     {
-        const ovUInt32 column = _slackColumn[row];
-        // The column of a slack has been visited, but for weights whose differences are not finite.
-        if (_rowVisited[row] || !(_slack[row] == 0.0) || !_columnVisited[column])
+        const ovUInt32 column = computeFreeSlack(row);
+        if (column != g_none)
+            _freeTightEdges.emplace_back(column, row);
+        if (_rowMate[row] == g_none && _freeSlack[row] < _leastFreeRowSlack)
+            _leastFreeRowSlack = _freeSlack[row];
+    }
+}
+
+/// Sets the row's slack; gives the first free column with a tight edge, if any.
+ovUInt32 AssignmentSearch::computeFreeSlack(ovUInt32 row)
+{
+    const double* weights = _weights + std::size_t(row) * _nbColumns;
+    // Below 0, where only rounding takes it, the least slack is not that of a tight edge, which may stand behind it.
+    const auto margin = [&](double slack) { return slack < 0.0 ? _tolerance - 2.0 * slack : _tolerance; };
+
+    ovUInt32 column = _ranking.getBestColumn(row);
+    double slack = (_rowLabel[row] + _freeLabel[column]) - _ranking.getBestWeight(row);
+    ovUInt32 tightColumn = slack == 0.0 ? column : g_none;
+    bool bSure = _ranking.isLeadSure(row, margin(slack));
+    for (double searched = -1.0; !bSure && searched < margin(slack);)
+    {
+        searched = margin(slack);
+        const bool bComplete =
+            _ranking.forEachContender(row, searched,
+                                      [&](ovUInt32 contender)
+                                      {
+                                          const double other =
+                                              (_rowLabel[row] + _freeLabel[contender]) - weights[contender];
+                                          if (other < slack || (other == slack && contender < column))
+                                          {
+                                              slack = other;
+                                              column = contender;
+                                          }
+                                          if (other == 0.0)
+                                              tightColumn = std::min(tightColumn, contender);
+                                      });
+        if (!bComplete)
+            return scanFreeColumns(row);
+        bSure = margin(slack) <= searched;
+    }
+    _freeSlack[row] = slack;
+    _freeSlackColumn[row] = column;
+    return tightColumn;
+}
+
+/// The same by a look at all free columns.
+ovUInt32 AssignmentSearch::scanFreeColumns(ovUInt32 row)
+{
+    const double* weights = _weights + std::size_t(row) * _nbColumns;
+    const LeastSlackOfRow::Result least =
+        runKernel<LeastSlackOfRow>(static_cast<const double*>(_freeLabel.data()), weights, _nbColumns, _rowLabel[row]);
+    _freeSlack[row] = least.slack;
+    _freeSlackColumn[row] = static_cast<ovUInt32>(least.column);
+    if (!least.bTight)
+        return g_none;
+    const auto tightColumn =
+        std::find_if(_freeColumns.begin(), _freeColumns.end(),
+                     [&](ovUInt32 column) { return _rowLabel[row] + _freeLabel[column] == weights[column]; });
+    return tightColumn != _freeColumns.end() ? *tightColumn : g_none;
+}
+
+/// Free columns are searched before all others, so a free row that is tight with one of them ends the pass at once.
+/// Gives its edge, if there is one.
+AssignmentSearch::Edge AssignmentSearch::findFreeRow() const
+{
+    Edge first(g_none, g_none);
+    for (const Edge& edge : _freeTightEdges)
+    {
+        if (_rowMate[edge.second] == g_none)
+            first = std::min(first, edge);
+    }
+    return first;
+}
+
+/// Runs the pass up to the edge by which a free row is reached.
+AssignmentSearch::Edge AssignmentSearch::search()
+{
+    const double limit = getSlackLimit();
+    for (ovUInt32 row = 0; row < _nbRows; ++row)
+    {
+        if (_freeSlack[row] < limit)
+            _slacks.lower(row, _freeSlack[row], _freeSlackColumn[row]);
+    }
+    std::sort(_freeTightEdges.begin(), _freeTightEdges.end());
+    for (const Edge& edge : _freeTightEdges)
+    {
+        const Edge end = visit(edge.second, edge.first);
+        if (end.second != g_none)
+            return end;
+    }
+    std::size_t nbFollowed = 0;
+    while (true)
+    {
+        for (; nbFollowed < _tightEdges.size(); ++nbFollowed)
+        {
+            const Edge edge = _tightEdges[nbFollowed];
+            if (_visited.contains(edge.second))
+                continue;
+            const Edge end = visit(edge.second, edge.first);
+            if (end.second != g_none)
+                return end;
+        }
+        const Edge end = changeLabels();
+        if (end.second != g_none)
+            return end;
+    }
+}
+
+/// Makes another edge tight, and visits the rows that are reached by it. Gives the edge to a free row, if any is.
+AssignmentSearch::Edge AssignmentSearch::changeLabels()
+{
+    const double delta = _slacks.getLeast();
+    runKernel<AddToAll>(_freeColumnLabel.data(), _freeColumnLabel.size(), -delta);
+    runKernel<AddToAll>(_visitedColumnLabel.data(), _visitedColumnLabel.size(), -delta);
+    runKernel<AddToAll>(_visitedRowLabel.data(), _visitedRowLabel.size(), delta);
+    _zeroRows.clear();
+    _slacks.subtract(delta, _zeroRows);
+    _leastFreeRowSlack -= delta;
+    _nbLabelChanges += 1.0;
+    _negativeChanges += delta < 0.0 ? -delta : 0.0;
+    updateTolerance();
+
+    // A free row among these comes before those that are tight with the columns reached on the way, and on the way
+    // slacks can become 0.
+    Edge first(g_none, g_none);
+    for (std::size_t next = _zeroRows.next(0); next < _nbRows; next = _zeroRows.next(next + 1))
+    {
+        const ovUInt32 row = static_cast<ovUInt32>(next);
+        if (_slacks.getSlack(row) != 0.0)
             continue;
+        const ovUInt32 column = _slacks.getColumn(row);
         if (_rowMate[row] == g_none)
-        {
-            augment(row, column);
-            return true;
-        }
-        bProgress = true;
-        _rowVisited[row] = true;
-        reach(_rowMate[row], column);
+            return Edge(column, row);
+        const Edge end = visit(row, column);
+        if (first.second == g_none)
+            first = end;
     }
-    if (!bProgress)
-        matchLowestFreePair();
-    return !bProgress;
+    return first;
 }
 
-void AssignmentSearch::reach(ovUInt32 column, ovUInt32 from)
+/// Visits a matched row and reaches its column. Gives the tight edge of that column to the first free row, if any.
+AssignmentSearch::Edge AssignmentSearch::visit(ovUInt32 row, ovUInt32 column)
 {
-    _queue.push_back(column);
-    _columnVisited[column] = true;
-    _parent[column] = from;
-    relax(column);
+    _slacks.remove(row);
+    _unvisitedRowLabel[row] = g_infinity;
+    _visited.insert(row);
+    const ovUInt32 mate = _rowMate[row];
+    _parent[mate] = column;
+    _visitedRows.push_back(row);
+    _visitedRowLabel.push_back(_rowLabel[row]);
+    _visitedColumns.push_back(mate);
+    _visitedColumnLabel.push_back(_matchedLabel[mate]);
+    return Edge(mate, relax(mate));
 }
 
-void AssignmentSearch::relax(ovUInt32 column)
+/// Lowers slacks to those of the column, and lists its tight edges. Gives the first free row with one, if any.
+ovUInt32 AssignmentSearch::relax(ovUInt32 column)
 {
-    for (ovUInt32 row = 0; row < _nbRows; ++row)
+    const double columnLabel = _matchedLabel[column];
+    const double limit = getSlackLimit();
+    const auto firstTightEdge = static_cast<std::ptrdiff_t>(_tightEdges.size());
+    ovUInt32 firstFreeRow = g_none;
+    const auto relaxRow = [&](ovUInt32 row, double weight)
     {
-        const double slack = (_rowLabel[row] + _columnLabel[column]) - weight(row, column);
-        if (slack < _slack[row])
+        const bool bFree = _rowMate[row] == g_none;
+        const double slack = (_rowLabel[row] + columnLabel) - weight;
+        _slacks.lower(row, slack, column);
+        if (bFree && slack < _leastFreeRowSlack)
+            _leastFreeRowSlack = slack;
+        if (slack != 0.0)
+            return;
+        _zeroRows.insert(row);
+        if (bFree)
+            firstFreeRow = std::min(firstFreeRow, row);
+        else if (!_listed.contains(row))
         {
-            _slack[row] = slack;
-            _slackColumn[row] = column;
+            _listed.insert(row);
+            _tightEdges.emplace_back(column, row);
         }
+    };
+
+    if (_nearRows.prepare(column, _rowLabel, columnLabel, limit))
+    {
+        _nearRows.forEach(column, columnLabel, limit,
+                          [&](const NearRows::Entry& entry)
+                          {
+                              if (!_visited.contains(entry.row))
+                                  relaxRow(entry.row, entry.weight);
+                          });
+        std::sort(_tightEdges.begin() + firstTightEdge, _tightEdges.end());
+        return firstFreeRow;
     }
+    const double* weights = _weightsByColumn.data() + std::size_t(column) * _nbRows;
+    const std::size_t nbListed =
+        runKernel<ListSlacksBelow>(static_cast<const double*>(_unvisitedRowLabel.data()), columnLabel, weights,
+                                   std::size_t(_nbRows), limit, _rowList.data());
+    for (std::size_t i = 0; i < nbListed; ++i)
+        relaxRow(_rowList[i], weights[_rowList[i]]);
+    return firstFreeRow;
 }
 
-void AssignmentSearch::augment(ovUInt32 row, ovUInt32 column)
+/// Takes the new labels over.
+void AssignmentSearch::closePass()
 {
-    while (column != g_none)
+    for (std::size_t i = 0; i < _freeColumns.size(); ++i)
+        _freeLabel[_freeColumns[i]] = _freeColumnLabel[i];
+    for (std::size_t i = 0; i < _visitedRows.size(); ++i)
+    {
+        _rowLabel[_visitedRows[i]] = _visitedRowLabel[i];
+        _unvisitedRowLabel[_visitedRows[i]] = _visitedRowLabel[i];
+        _matchedLabel[_visitedColumns[i]] = _visitedColumnLabel[i];
+    }
+    _slacks.clear();
+    _visited.clear();
+    _listed.clear();
+    _tightEdges.clear();
+    _visitedRows.clear();
+    _visitedRowLabel.clear();
+    _visitedColumns.clear();
+    _visitedColumnLabel.clear();
+}
+
+/// Matches along the path that ends with the edge. It starts at a free column.
+void AssignmentSearch::augment(const Edge& edge)
+{
+    ovUInt32 column = edge.first;
+    ovUInt32 row = edge.second;
+    while (_columnMate[column] != g_none)
     {
         const ovUInt32 oldRow = _columnMate[column];
         _rowMate[row] = column;
@@ -162,19 +355,15 @@ void AssignmentSearch::augment(ovUInt32 row, ovUInt32 column)
         column = _parent[column];
         row = oldRow;
     }
-}
+    _rowMate[row] = column;
+    _columnMate[column] = row;
 
-void AssignmentSearch::matchLowestFreePair()
-{
-    const auto row = std::find(_rowMate.begin(), _rowMate.end(), g_none) - _rowMate.begin();
-    const auto column = std::find(_columnMate.begin(), _columnMate.end(), g_none) - _columnMate.begin();
-    _rowMate[row] = static_cast<ovUInt32>(column);
-    _columnMate[column] = static_cast<ovUInt32>(row);
-}
-
-double AssignmentSearch::weight(ovUInt32 row, ovUInt32 column) const
-{
-    return _weights[std::size_t(row) * _nbColumns + column];
+    _matchedLabel[column] = _freeLabel[column];
+    _freeLabel[column] = g_infinity;
+    const auto position = std::lower_bound(_freeColumns.begin(), _freeColumns.end(), column) - _freeColumns.begin();
+    _freeColumns.erase(_freeColumns.begin() + position);
+    _freeColumnLabel.erase(_freeColumnLabel.begin() + position);
+    _ranking.remove(column, _freeLabel);
 }
 
 } // namespace details

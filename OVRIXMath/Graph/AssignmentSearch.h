@@ -1,8 +1,14 @@
 #pragma once
 
+#include <OVRIXMath/Graph/FreeColumnRanking.h>
+#include <OVRIXMath/Graph/NearRows.h>
+#include <OVRIXMath/Graph/RowSet.h>
+#include <OVRIXMath/Graph/RowSlacks.h>
+#include <OVRIXMath/Graph/WeightRange.h>
+#include <OVRIXMath/LargeTable.h>
 #include <OVRIXMath/Types.h>
 
-#include <deque>
+#include <utility>
 #include <vector>
 
 namespace ovrix
@@ -12,45 +18,105 @@ namespace math
 namespace details
 {
 
-/// The computation of Munkres: one run over one table, with all working tables.
+/// The computation of Munkres: one run over one table of weights with finite differences.
 ///
-/// At all times `rowLabel[r] + columnLabel[c] >= w(r, c)`; an edge is tight when the two sides are equal, compared
-/// exactly.
+/// Labels on rows and columns bound the weights: `rowLabel[r] + columnLabel[c] >= w(r, c)`, with equality, compared
+/// exactly, on the edges that are called tight. Each of the passes, one for each row, adds one matched pair:
+///
+/// - The search starts from all free columns, in ascending order, and goes on breadth-first: from a column over its
+///   tight edges to the rows, in ascending order, that have not been visited, and from a matched row to its column. A
+///   free row ends it, and the path back is matched.
+/// - When there is no tight edge to follow, the labels of the visited columns are lowered and those of the visited rows
+///   raised by the least slack `(rowLabel[r] + columnLabel[c]) - w(r, c)` of an edge between a visited column and a row
+///   that has not been visited. Slacks are kept by row, and are lowered with the labels rather than computed anew.
+///   Rows whose slack is 0 then are visited, in ascending order.
+///
+/// Which edges are tight depends on rounding, so labels and slacks are those of PlainAssignmentSearch to the last bit.
+/// What is left out cannot change them:
+///
+/// - Within a pass, labels only change when all visited columns have been searched. So the tight edges of a column are
+///   those that its slacks show when it is reached. If one leads to a free row, the pass ends with it as soon as the
+///   columns that were reached before have been searched, and what these would reach does not matter any more.
+/// - The least slacks over all free columns, with which a pass begins, come from a FreeColumnRanking.
+/// - A pass ends at the latest when the least slack of a free row has fallen to 0. Rows with larger slacks are not
+///   reached in the pass, so their slacks need not be known. The others come from the NearRows of a visited column.
+///
+/// The last two allow for rounding. Let the weights be at most A in magnitude, u the unit roundoff, K the number of
+/// changes of labels so far, and N the sum of the changes by less than 0, which rounding alone causes. A row that is
+/// free keeps the label 0, so a free column keeps a label of at least its least weight; it starts from at most the
+/// largest one, hence the changes add up to 2A at most and all labels stay within 3A, as long as rounding amounts to
+/// less than A. A change then rounds a label or slack by less than 8A u, and an edge can fall below its weight by
+/// 32 K A u + N. The tolerance of 2^-52 (32 K + 256) A + 4N covers all that together. If it grows to A / 16, it becomes
+/// infinite, and with it everything is looked at. It is 0, on the other hand, where no sum is rounded.
 class AssignmentSearch
 {
 public:
     /// @param weights row-major table of nbRows x nbColumns, which must outlive the object
+    /// @param range of these weights, with finite differences
     /// @param nbRows above 0, at most `nbColumns`
-    AssignmentSearch(const double* weights, ovUInt32 nbRows, ovUInt32 nbColumns);
+    AssignmentSearch(const double* weights, const WeightRange& range, ovUInt32 nbRows, ovUInt32 nbColumns);
 
     /// The column of each row.
     std::vector<ovUInt32> run();
 
 private:
-    void startPass();
-    void search();
-    bool followTightEdges();
-    bool changeLabels();
-    void reach(ovUInt32 column, ovUInt32 from);
-    void relax(ovUInt32 column);
-    void augment(ovUInt32 row, ovUInt32 column);
-    void matchLowestFreePair();
+    using Edge = std::pair<ovUInt32, ovUInt32>; ///< column and row
 
-    double weight(ovUInt32 row, ovUInt32 column) const;
+    void copyByColumns();
+    void startLabels();
+    void updateTolerance();
+    double getSlackLimit() const;
+
+    void runPass();
+    void computeFreeSlacks();
+    ovUInt32 computeFreeSlack(ovUInt32 row);
+    ovUInt32 scanFreeColumns(ovUInt32 row);
+    Edge findFreeRow() const;
+    Edge search();
+    Edge changeLabels();
+    Edge visit(ovUInt32 row, ovUInt32 column);
+    ovUInt32 relax(ovUInt32 column);
+    void closePass();
+    void augment(const Edge& edge);
 
     const double* _weights;
     ovUInt32 _nbRows;
     ovUInt32 _nbColumns;
-    std::vector<ovUInt32> _columnMate;
+    WeightRange _range;
+    double _nbLabelChanges;
+    double _negativeChanges; ///< sum of the label changes by less than 0, as a positive number
+    double _tolerance;       ///< what rounding may amount to
+
+    LargeTable _weightsByColumn;
     std::vector<ovUInt32> _rowMate;
-    std::vector<double> _columnLabel;
+    std::vector<ovUInt32> _columnMate;
+    // Labels by row and column are those from the start of a pass. The current ones of free columns and of visited rows
+    // and columns stand beside the lists of these.
     std::vector<double> _rowLabel;
-    std::deque<ovUInt32> _queue;
-    std::vector<double> _slack;
-    std::vector<ovUInt32> _slackColumn;
-    std::vector<bool> _columnVisited;
-    std::vector<bool> _rowVisited;
-    std::vector<ovUInt32> _parent;
+    std::vector<double> _unvisitedRowLabel; ///< the same, infinite for visited rows
+    std::vector<double> _freeLabel;         ///< of each free column, infinite for matched columns
+    std::vector<double> _matchedLabel;      ///< of each matched column
+    std::vector<ovUInt32> _freeColumns;     ///< ascending
+    std::vector<double> _freeColumnLabel;
+    FreeColumnRanking _ranking;
+    NearRows _nearRows;
+
+    std::vector<double> _freeSlack;         ///< least slack over the free columns at the start of a pass
+    std::vector<ovUInt32> _freeSlackColumn; ///< the first column that has it
+    std::vector<Edge> _freeTightEdges;      ///< first tight edge to a free column, of rows that have one
+    RowSlacks _slacks;                      ///< of unvisited rows, among them all that the pass can reach
+    double _leastFreeRowSlack;              ///< least slack of a free row, by which the pass ends
+
+    RowSet _visited;                    ///< visited rows
+    RowSet _zeroRows;                   ///< rows whose slack has become 0 since the last change of labels
+    RowSet _listed;                     ///< rows in `_tightEdges`
+    std::vector<Edge> _tightEdges;      ///< to unvisited rows, in the order of the search
+    std::vector<ovUInt32> _visitedRows; ///< in the order of the search
+    std::vector<double> _visitedRowLabel;
+    std::vector<ovUInt32> _visitedColumns; ///< the mates of the visited rows
+    std::vector<double> _visitedColumnLabel;
+    std::vector<ovUInt32> _parent;  ///< column by which a matched column was reached
+    std::vector<ovUInt32> _rowList; ///< room for a list of rows
 };
 
 } // namespace details

@@ -1,6 +1,7 @@
 #include <OVRIXMath/Graph/AssignmentSearch.h>
 #include <OVRIXMath/Graph/GraphLogMessages.h>
 #include <OVRIXMath/Graph/Munkres.h>
+#include <OVRIXMath/Graph/PlainAssignmentSearch.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 
 namespace ovrix
@@ -68,7 +69,9 @@ void Munkres::solve()
 {
     OVRIXMATH_RAISE_UNLESS(isInitialized(), eGraphMessage, 0);
     _assignments.clear();
-    _assignments = details::AssignmentSearch(_weights.data(), _nbRows, _nbColumns).run();
+    const details::WeightRange range(_weights.data(), _weights.size());
+    _assignments = range.bFinite ? details::AssignmentSearch(_weights.data(), range, _nbRows, _nbColumns).run()
+                                 : details::PlainAssignmentSearch(_weights.data(), _nbRows, _nbColumns).run();
 }
 
 const std::vector<ovUInt32>& Munkres::getAssignments() const

@@ -21,6 +21,10 @@ namespace math
 
 /// All eigenvalues and eigenvectors of a symmetric matrix: A V = V diag(w).
 ///
+/// A V = V diag(w) holds to within some n eps |A|, and so do the right angles between eigenvectors, but for one case:
+/// where eigenvalues of both signs reach over many decades, those of the vectors of nearly vanishing eigenvalues keep half
+/// of the digits only.
+///
 /// @param A n x n
 /// @param[out] w n elements, in rising order
 /// @param[out] V n x n; column j is the eigenvector of w[j], of unit length

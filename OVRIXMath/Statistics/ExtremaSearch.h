@@ -78,8 +78,8 @@ OVRIXMATH_EXPORT void findLocalExtrema(const std::vector<T>& values, const eExtr
 /// In a circular sequence a range at the start and one at the end are joined to one that runs across the end, if there
 /// are at least three ranges in all.
 ///
-/// Raises Statistics message 10 if `dilateFactor` is negative; `ranges` is as before then. Takes linear time, with one
-/// byte per element and, unless the factor is 0, one copy of the sequence.
+/// Raises Statistics message 10 if `dilateFactor` is negative; `ranges` is as before then. Takes linear time, with
+/// three bits per element and, unless the factor is 0, one copy of the sequence.
 ///
 /// @param type any other value than `eET_Minima` finds maxima
 /// @param dilateFactor 0 finds all plateaus

@@ -9,17 +9,34 @@ namespace
 std::atomic<std::size_t> g_nbAllocations{0};
 std::atomic<std::size_t> g_largestAllocation{0};
 
-} // namespace
-
-void* operator new(std::size_t size)
+/// Takes memory and counts it; null where there is none.
+void* allocate(std::size_t size)
 {
     g_nbAllocations.fetch_add(1, std::memory_order_relaxed);
     std::size_t largest = g_largestAllocation.load(std::memory_order_relaxed);
     while (size > largest && !g_largestAllocation.compare_exchange_weak(largest, size, std::memory_order_relaxed))
         ;
-    if (void* const pMemory = std::malloc(size))
+    return std::malloc(size);
+}
+
+} // namespace
+
+void* operator new(std::size_t size)
+{
+    if (void* const pMemory = allocate(size))
         return pMemory;
     throw std::bad_alloc();
+}
+
+// A sanitizer brings its own of these, whose memory does not come from malloc.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return allocate(size);
+}
+
+void operator delete(void* pMemory, const std::nothrow_t&) noexcept
+{
+    std::free(pMemory);
 }
 
 void operator delete(void* pMemory) noexcept

@@ -18,5 +18,15 @@ std::size_t getLargestAllocation();
 
 void resetLargestAllocation();
 
+/// Allocations of the second of two calls.
+template <class Call>
+std::size_t countSteadyAllocations(Call&& call)
+{
+    call();
+    const std::size_t nbBefore = getNbAllocations();
+    call();
+    return getNbAllocations() - nbBefore;
+}
+
 } // namespace test
 } // namespace ovrix

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <OVRIXMath/Types.h>
-
 #include <cstdint>
 #include <cstring>
 #include <vector>
@@ -19,11 +17,12 @@ inline std::uint64_t bitsOf(double value)
     return bits;
 }
 
-/// The bits of each element.
-inline std::vector<std::uint64_t> bitsOf(const math::Vector& vector)
+/// The bits of each element of a sequence of numbers.
+template <class Sequence>
+std::vector<std::uint64_t> bitsOf(const Sequence& sequence)
 {
     std::vector<std::uint64_t> bits;
-    for (const double value : vector)
+    for (const double value : sequence)
         bits.push_back(bitsOf(value));
     return bits;
 }

@@ -19,6 +19,8 @@
 #include <OVRIXMath/Geometry/3d/Transform/Transform3dFactory.h>
 #include <OVRIXMath/Geometry/3d/Transform/Translation3d.h>
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstddef>
 #include <random>
@@ -98,6 +100,15 @@ struct Transforms3d
         return {3, 3, 6, 1, 7, 3, 12, 16};
     }
 };
+
+/// The concrete classes, for typed tests.
+using AllTransforms =
+    ::testing::Types<math::transform::Translation2d, math::transform::Rotation2d, math::transform::Rigid2d,
+                     math::transform::Scale2d, math::transform::Similarity2d, math::transform::AnisotropicScale2d,
+                     math::transform::Affine2d, math::transform::Homography2d, math::transform::Translation3d,
+                     math::transform::Rotation3d, math::transform::Rigid3d, math::transform::Scale3d,
+                     math::transform::Similarity3d, math::transform::AnisotropicScale3d, math::transform::Affine3d,
+                     math::transform::Homography3d>;
 
 /// The family of a concrete class.
 template <class Transform>

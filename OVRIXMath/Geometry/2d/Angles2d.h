@@ -17,7 +17,10 @@ inline ovReal64 foldToHalfTurn(ovReal64 angle)
     constexpr ovReal64 pi = 3.141592653589793;
     constexpr ovReal64 halfPi = 1.5707963267948966;
 
-    ovReal64 folded = std::fmod(angle, pi);
+    // Within a turn the remainder is the angle or one subtraction, which is exact, too.
+    ovReal64 folded = std::fabs(angle) < pi             ? angle
+                      : angle >= pi && angle < 2.0 * pi ? angle - pi
+                                                        : std::fmod(angle, pi);
     if (folded >= halfPi)
         folded -= pi;
     if (folded < -halfPi)

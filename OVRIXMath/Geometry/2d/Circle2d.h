@@ -8,7 +8,8 @@ namespace ovrix
 namespace math
 {
 
-/// The circle through three points, with centre (cx, cy) and radius r.
+/// The circle through three points, with centre (cx, cy) and radius r, which have to be three variables: they are read
+/// again once they are written.
 ///
 /// @return `false` with the outputs untouched unless the absolute determinant of the points,
 /// |(x1 - x2)(y2 - y3) - (x2 - x3)(y1 - y2)|, is above sqrt(epsilon). The threshold is absolute: it does not scale with

@@ -17,7 +17,9 @@ namespace math
 ///
 /// The coefficients are not checked for a real ellipse: those of an imaginary one give NaN radii and `true`.
 ///
-/// @return `false` with the outputs untouched when a c - b^2 <= 0
+/// The outputs have to be five variables: they are read again once they are written.
+///
+/// @return `false` with the outputs untouched when a c - b^2 <= 0; a NaN passes
 OVRIXMATH_EXPORT ovBool convertEllipseFromQuadratic(ovReal64 a, ovReal64 b, ovReal64 c, ovReal64 d, ovReal64 e,
                                                     ovReal64 f, ovReal64& cx, ovReal64& cy, ovReal64& theta,
                                                     ovReal64& r1, ovReal64& r2);
@@ -26,7 +28,7 @@ OVRIXMATH_EXPORT ovBool convertEllipseFromQuadratic(ovReal64 a, ovReal64 b, ovRe
 ///
 /// The coefficient of x y is b here and 2 b in convertEllipseFromQuadratic().
 ///
-/// @return `false` with the outputs untouched when r1 <= 0 or r2 <= 0
+/// @return `false` with the outputs untouched when r1 <= 0 or r2 <= 0; a NaN passes
 OVRIXMATH_EXPORT ovBool convertEllipseToQuadratic(ovReal64 cx, ovReal64 cy, ovReal64 theta, ovReal64 r1, ovReal64 r2,
                                                   ovReal64& a, ovReal64& b, ovReal64& c, ovReal64& d, ovReal64& e,
                                                   ovReal64& f);
@@ -40,7 +42,8 @@ OVRIXMATH_EXPORT ovReal64 ellipsePerimeterUpperBound(ovReal64 r1, ovReal64 r2);
 /// pi r1 r2.
 OVRIXMATH_EXPORT ovReal64 ellipseArea(ovReal64 r1, ovReal64 r2);
 
-/// sqrt(big^2 - small^2) / big of the two radii in any order; 0 when the big one is not above 0.
+/// sqrt(big^2 - small^2) / big of the two radii in any order; 0 when the big one is <= 0. A NaN gives NaN, but 0 as r1
+/// beside r2 <= 0.
 OVRIXMATH_EXPORT ovReal64 ellipseExcentricity(ovReal64 r1, ovReal64 r2);
 
 /// The ellipse with this area whose ellipsePerimeterUpperBound() is this perimeter; r1 >= r2.

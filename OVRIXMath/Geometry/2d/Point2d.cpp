@@ -13,13 +13,13 @@ namespace
 using details::Point2d;
 
 /// Foot q = p - sd n of the perpendicular from p, with sd the signed distance of p to the left.
-ovReal64 projectOnLine(const Point2d& p, const Point2d& u, const Point2d& w, Point2d& q)
+constexpr auto projectOnLine = [](const Point2d& p, const Point2d& u, const Point2d& w, Point2d& q)
 {
     const Point2d n = details::leftNormal(u);
     const ovReal64 sd = details::dot(w, n);
     q = {p[0] - sd * n[0], p[1] - sd * n[1]};
     return std::fabs(sd);
-}
+};
 
 } // namespace
 

@@ -14,6 +14,10 @@ namespace math
 /// T: for `float` in single precision, for the integers in 32-bit arithmetic that wraps around. A wrapped sum of squares
 /// that is negative as `int`, which can happen from 2^31 on, gives NaN.
 ///
+/// A segment without length is its end a. Beside one that is shorter than epsilon there is no direction to project on:
+/// a p between its ends has distance 0 and is q itself. So has any p where b is not a number; where p or a is not, the
+/// distance and q are NaN.
+///
 /// @tparam T `int`, `unsigned int`, `float` or `double`
 template <class T>
 OVRIXMATH_EXPORT ovReal64 pointSegmentDistance(T px, T py, T ax, T ay, T bx, T by, ovReal64& qx, ovReal64& qy);

@@ -3,13 +3,13 @@
 #include <OVRIXMath/Geometry/2d/Vector2d.h>
 #include <OVRIXMath/Geometry/SegmentDistance.h>
 
+#include <boost/container/static_vector.hpp>
 #include <boost/geometry/algorithms/intersection.hpp>
 #include <boost/geometry/algorithms/intersects.hpp>
 #include <boost/geometry/geometries/point.hpp>
 #include <boost/geometry/geometries/segment.hpp>
 
 #include <optional>
-#include <vector>
 
 namespace ovrix
 {
@@ -31,7 +31,7 @@ GeometrySegment makeSegment(const Point2d& a, const Point2d& b)
 
 std::optional<Point2d> findCommonPoint(const Point2d& a, const Point2d& b, const Point2d& c, const Point2d& d)
 {
-    std::vector<GeometryPoint> common;
+    boost::container::static_vector<GeometryPoint, 2> common; // there are no more than two
     boost::geometry::intersection(makeSegment(a, b), makeSegment(c, d), common);
     if (common.empty())
         return std::nullopt;

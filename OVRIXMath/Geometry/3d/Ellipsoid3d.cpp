@@ -32,6 +32,13 @@ Point3d multiply(const Matrix3d& a, const Point3d& x)
             a[6] * x[0] + a[7] * x[1] + a[8] * x[2]};
 }
 
+/// The radius in the direction v, by its angles.
+ovReal64 radiusAlong(ovReal64 r1, ovReal64 r2, ovReal64 r3, const Point3d& v)
+{
+    const ovReal64 n = details::norm(v);
+    return ellipsoidRadius(r1, r2, r3, n == 0.0 ? 0.0 : std::acos(v[2] / n), std::atan2(v[1], v[0]));
+}
+
 /// a diag(d1, d2, d3) b.
 Matrix3d multiplyWithDiagonal(const Matrix3d& a, ovReal64 d1, ovReal64 d2, ovReal64 d3, const Matrix3d& b)
 {
@@ -143,17 +150,15 @@ ovReal64 ellipsoidRadius(ovReal64 r1, ovReal64 r2, ovReal64 r3,
                          const boost::numeric::ublas::bounded_matrix<ovReal64, 3, 3>& /*matrix*/, ovReal64 theta,
                          ovReal64 phi)
 {
-    const Point3d v = details::makeDirection(theta, phi);
-    const ovReal64 n = details::norm(v);
-    return ellipsoidRadius(r1, r2, r3, n == 0.0 ? 0.0 : std::acos(v[2] / n), std::atan2(v[1], v[0]));
+    return radiusAlong(r1, r2, r3, details::makeDirection(theta, phi));
 }
 
 void ellipsoidPoint(ovReal64 cx, ovReal64 cy, ovReal64 cz, ovReal64 r1, ovReal64 r2, ovReal64 r3,
-                    const boost::numeric::ublas::bounded_matrix<ovReal64, 3, 3>& matrix, ovReal64 theta, ovReal64 phi,
-                    ovReal64& x, ovReal64& y, ovReal64& z)
+                    const boost::numeric::ublas::bounded_matrix<ovReal64, 3, 3>& /*matrix*/, ovReal64 theta,
+                    ovReal64 phi, ovReal64& x, ovReal64& y, ovReal64& z)
 {
-    const ovReal64 rad = ellipsoidRadius(r1, r2, r3, matrix, theta, phi);
     const Point3d direction = details::makeDirection(theta, phi);
+    const ovReal64 rad = radiusAlong(r1, r2, r3, direction);
     x = cx + rad * direction[0];
     y = cy + rad * direction[1];
     z = cz + rad * direction[2];

@@ -20,10 +20,17 @@ namespace math
 /// (In convertEllipsoidToQuadratic() the columns are.)
 ///
 /// Unless q0 > 0 all coefficients are negated first. The sign of the constant alone decides, which is meant: an
-/// ellipsoid is found when q0 and A are positive, that is when the origin lies outside of it, and by
-/// (1, 0, 0, 1, 0, 1, 0, 0, 0, -1), the unit sphere, none is.
+/// ellipsoid is found when q0 and A are positive, the origin being outside of it, or q0 is 0 and A negative, the origin
+/// being on it; by (1, 0, 0, 1, 0, 1, 0, 0, 0, -1), the unit sphere, none is.
 ///
-/// The outputs are written as they become known: on `false` the angles are written, and the centre may be.
+/// The tolerances of eigenDecomposition() are absolute: eigenvalues of A that differ by less than about 1e-4 may have
+/// wrong axes, from which a wrong centre, wrong radii and `false` follow. So differ those of
+/// convertEllipsoidToQuadratic() for radii of about 100 and up, and for nearly equal ones earlier. Multiply all ten
+/// coefficients by a positive factor first, so that the elements of A are of the order of 1 and the differences of its
+/// eigenvalues not tiny.
+///
+/// The outputs are written as they become known: on `false` the angles are written, and the centre may be. They have to
+/// be nine variables: they are read again once they are written.
 ///
 /// @return `false` unless the eigenvalues of A are positive and 0.25 v^T A^-1 v - q0 is
 OVRIXMATH_EXPORT ovBool convertEllipsoidFromQuadratic(ovReal64 qxx, ovReal64 qxy, ovReal64 qxz, ovReal64 qyy,
@@ -36,9 +43,10 @@ OVRIXMATH_EXPORT ovBool convertEllipsoidFromQuadratic(ovReal64 qxx, ovReal64 qxy
 /// v = -2 A c, q0 = c^T A c.
 ///
 /// The other conversion looks for the value 0, so that the two are no inverses of each other: what this one gives has
-/// no ellipsoid there, which is meant. A caller who goes there and back subtracts 1 from q0.
+/// no ellipsoid there, up to rounding, which may leave a tiny one; this is meant. A caller who goes there and back
+/// subtracts 1 from q0.
 ///
-/// @return `false` with the outputs untouched when a radius is <= 0
+/// @return `false` with the outputs untouched when a radius is <= 0; a NaN passes
 OVRIXMATH_EXPORT ovBool convertEllipsoidToQuadratic(ovReal64 cx, ovReal64 cy, ovReal64 cz, ovReal64 rz, ovReal64 ry,
                                                     ovReal64 rx, ovReal64 r1, ovReal64 r2, ovReal64 r3, ovReal64& qxx,
                                                     ovReal64& qxy, ovReal64& qxz, ovReal64& qyy, ovReal64& qyz,
@@ -52,7 +60,8 @@ OVRIXMATH_EXPORT ovReal64 ellipsoidArea(ovReal64 r1, ovReal64 r2, ovReal64 r3);
 /// 4 pi / 3 r1 r2 r3.
 OVRIXMATH_EXPORT ovReal64 ellipsoidVolume(ovReal64 r1, ovReal64 r2, ovReal64 r3);
 
-/// sqrt(big^2 - small^2) / big of the largest and the smallest radius; 0 when the largest is not above 0.
+/// sqrt(big^2 - small^2) / big of the largest and the smallest radius; 0 when the largest is <= 0. They are those of
+/// sort(), which can leave NaN in the middle, where it plays no part: (3, NaN, 5) gives 0.8, (5, 3, NaN) gives NaN.
 OVRIXMATH_EXPORT ovReal64 ellipsoidExcentricity(ovReal64 r1, ovReal64 r2, ovReal64 r3);
 
 /// Distance from the centre to the ellipsoid in the direction d = (theta, phi) of its own frame:

@@ -13,7 +13,7 @@ namespace
 using details::Point3d;
 
 /// Distance of p to the line; what becomes of q is told in the header.
-ovReal64 measureToLine(const Point3d& p, const Point3d& u, const Point3d& w, Point3d& q)
+constexpr auto measureToLine = [](const Point3d& p, const Point3d& u, const Point3d& w, Point3d& q)
 {
     const ovReal64 length = details::norm(u);
     const Point3d e{u[0] / length, u[1] / length, u[2] / length};
@@ -23,7 +23,7 @@ ovReal64 measureToLine(const Point3d& p, const Point3d& u, const Point3d& w, Poi
     const ovReal64 qy = p[1] + m[1] * d;
     q = {p[0] + m[0] * d, qy, qy};
     return d;
-}
+};
 
 } // namespace
 

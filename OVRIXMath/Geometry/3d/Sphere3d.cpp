@@ -22,9 +22,9 @@ bool sphereFromPlanes(const Point3d& p1, const Point3d& a, ovReal64 da, const Po
 
     const Point3d ca = details::cross(c, a);
     const Point3d ab = details::cross(a, b);
-    Point3d centre;
-    for (std::size_t i = 0; i < centre.size(); ++i)
-        centre[i] = (da * bc[i] + db * ca[i] + dc * ab[i]) / det;
+    const Point3d centre{(da * bc[0] + db * ca[0] + dc * ab[0]) / det, //
+                         (da * bc[1] + db * ca[1] + dc * ab[1]) / det, //
+                         (da * bc[2] + db * ca[2] + dc * ab[2]) / det};
     r = details::norm(details::subtract(centre, p1));
     cx = centre[0];
     cy = centre[1];

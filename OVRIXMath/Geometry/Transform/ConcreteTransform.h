@@ -14,42 +14,75 @@ namespace details
 
 /// What the concrete transforms of both families repeat, written once around a model.
 ///
-/// A model holds the parameters with what is derived from them, and knows the formulas:
+/// A model holds the parameters with what is derived from them, and knows the formulas; it is constructed as the neutral
+/// element. A class adds what is its own. So a new kind of transform is one enumerator with its name, and:
 ///
 /// ```cpp
+/// namespace details
+/// {
+///
+/// /// x' = x + shear y, the other coordinates as they are; parameter shear.
 /// template <class Family>
-/// class Model
+/// class ShearModel
 /// {
 /// public:
-///     static constexpr std::size_t s_nbParams;
-///     Model();                                      // the neutral element
-///     void load(const ovReal64* params);            // s_nbParams values
-///     void store(ovReal64* params) const;
-///     void apply(Coordinates<Family>& point) const;
-///     typename Family::HomogenousMatrix getMatrix() const;
-///     static bool invert(ovReal64* params);         // false: singular, params untouched
+///     static constexpr std::size_t s_nbParams = 1;
+///
+///     void load(const ovReal64* params)
+///     {
+///         _shear = params[0];
+///     }
+///
+///     void store(ovReal64* params) const
+///     {
+///         params[0] = _shear;
+///     }
+///
+///     void apply(Coordinates<Family>& point) const
+///     {
+///         point[0] += _shear * point[1];
+///     }
+///
+///     typename Family::HomogenousMatrix getMatrix() const
+///     {
+///         typename Family::HomogenousMatrix matrix = makeHomogenousIdentity<Family>();
+///         matrix(0, 1) = _shear;
+///         return matrix;
+///     }
+///
+///     static bool invert(ovReal64* params) // false would raise message 3
+///     {
+///         params[0] = -params[0];
+///         return true;
+///     }
+///
+/// private:
+///     ovReal64 _shear = 0.0; // the neutral element
 /// };
-/// ```
 ///
-/// A new kind of transform is its model, an enumerator with its name, and a class that says only what is its own:
+/// } // namespace details
 ///
-/// ```cpp
-/// // Shear2d.h
-/// class OVRIXMATH_EXPORT Shear2d : public details::ConcreteTransform2d<Shear2d, details::ShearModel>
+/// class Shear2d : public details::ConcreteTransform2d<Shear2d, details::ShearModel>
 /// {
 /// public:
 ///     static constexpr eGeometricTransform2dType s_type = eGT2DT_Shear;
-///     static Vector getIdentityParams();
-///     HomogenousMatrix2d getInvHomogenousMatrix() const override;
+///
+///     static Vector getIdentityParams()
+///     {
+///         return getDefaultParams();
+///     }
+///
+///     HomogenousMatrix2d getInvHomogenousMatrix() const override
+///     {
+///         return getMatrixOfInverse();
+///     }
 /// };
 ///
-/// // Shear2d.cpp
-/// template class details::ConcreteTransform<details::TransformFamily2d, Shear2d, details::ShearModel>;
-/// template class details::ConcreteTransform2d<Shear2d, details::ShearModel>;
-/// static const TransformRegistrator2d<Shear2d> g_transformRegistrator;
+/// const TransformRegistrator2d<Shear2d> g_shearRegistrator;
 /// ```
 ///
-/// The bodies stand in ConcreteTransformBody.h, for the source files of the concrete classes.
+/// What the library itself adds to that is the export, with the two templates instantiated in the source file of the
+/// class. The bodies stand in ConcreteTransformBody.h, for the source files of the concrete classes.
 ///
 /// @tparam Family TransformFamily2d or TransformFamily3d
 /// @tparam Derived the concrete class; supplies `s_type` and `getIdentityParams()`

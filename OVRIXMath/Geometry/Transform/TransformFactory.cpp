@@ -11,9 +11,6 @@ namespace math
 {
 namespace transform
 {
-namespace details
-{
-
 namespace
 {
 
@@ -30,7 +27,7 @@ struct SingletonMutex
 
 // The mutexes exist before any thread runs.
 const bool g_bMutexesCreated =
-    (SingletonMutex<TransformFamily2d>::get(), SingletonMutex<TransformFamily3d>::get(), true);
+    (SingletonMutex<details::TransformFamily2d>::get(), SingletonMutex<details::TransformFamily3d>::get(), true);
 
 } // namespace
 
@@ -85,10 +82,9 @@ const typename TransformFactory<Family>::Entry& TransformFactory<Family>::getEnt
     return entry->second;
 }
 
-template class TransformFactory<TransformFamily2d>;
-template class TransformFactory<TransformFamily3d>;
+template class TransformFactory<details::TransformFamily2d>;
+template class TransformFactory<details::TransformFamily3d>;
 
-} // namespace details
 } // namespace transform
 } // namespace math
 } // namespace ovrix

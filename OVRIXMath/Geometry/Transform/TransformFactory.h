@@ -14,20 +14,24 @@ namespace math
 {
 namespace transform
 {
-namespace details
-{
-
-/// The transforms of a family by their type: Transform2dFactory and Transform3dFactory.
+/// The transforms of a family by their type: the operations of Transform2dFactory and Transform3dFactory.
 ///
 /// The concrete classes register themselves while the library is being loaded. After that the factory is only read, so
 /// that all operations but registerTransform() may run on many threads.
 ///
-/// @tparam Family TransformFamily2d or TransformFamily3d
+/// ```cpp
+/// const GeometricTransform2dPtr pTurn = Transform2dFactory::createTransform(eGT2DT_Rotation, Vector(1, 0.5));
+/// ```
+///
+/// @tparam Family what the planar or the spatial family brings to the operations
 template <class Family>
 class OVRIXMATH_EXPORT TransformFactory : private boost::noncopyable
 {
 public:
+    /// eGeometricTransform2dType or eGeometricTransform3dType.
     using Type = typename Family::Type;
+
+    /// GeometricTransform2dPtr or GeometricTransform3dPtr.
     using TransformPtr = typename Family::TransformPtr;
 
     /// Makes a transform in its default state.
@@ -74,7 +78,6 @@ private:
     std::map<Type, Entry> _entries;
 };
 
-} // namespace details
 } // namespace transform
 } // namespace math
 } // namespace ovrix

@@ -19,15 +19,7 @@ namespace math
 namespace
 {
 
-/// Allocations of the second of two calls.
-template <class Call>
-std::size_t countSteadyAllocations(Call&& call)
-{
-    call();
-    const std::size_t nbBefore = test::getNbAllocations();
-    call();
-    return test::getNbAllocations() - nbBefore;
-}
+using test::countSteadyAllocations;
 
 template <class Scorer>
 std::size_t countScoreAllocations(test::OpenScorer<Scorer>& scorer)

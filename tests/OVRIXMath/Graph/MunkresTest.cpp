@@ -162,6 +162,13 @@ void expectPlainAssignments(unsigned int nbTables, ovUInt32 maxSize,
     }
 }
 
+std::vector<double> drawn(std::size_t count, const std::function<double()>& draw)
+{
+    std::vector<double> values(count);
+    std::generate(values.begin(), values.end(), draw);
+    return values;
+}
+
 /// A file of costs: n, then n x n numbers row by row.
 Table readTable(const std::string& name, double sign)
 {
@@ -474,6 +481,72 @@ TEST(Munkres, KeepsTheStepsChoiceOnProductsOfIndices)
     expectPlainAssignments(60, 90, [](std::mt19937&, ovUInt32 r, ovUInt32 c) { return double(r) * c; });
 }
 
+TEST(Munkres, KeepsTheStepsChoiceOnSumsOfARowsAndAColumnsPart)
+{
+    // All assignments of a square table are equally good, but for the rounding of each sum.
+    std::mt19937 parts(13);
+    const std::vector<double> rowPart = drawn(120, [&] { return std::normal_distribution<double>()(parts); });
+    const std::vector<double> columnPart = drawn(120, [&] { return std::normal_distribution<double>()(parts); });
+    expectPlainAssignments(100, 120, [&](std::mt19937&, ovUInt32 r, ovUInt32 c) { return rowPart[r] + columnPart[c]; });
+    expectPlainAssignments(100, 120,
+                           [&](std::mt19937& generator, ovUInt32 r, ovUInt32 c)
+                           { return rowPart[r] + columnPart[c] + 1e-15 * (generator() % 3); });
+}
+
+TEST(Munkres, KeepsTheStepsChoiceOnProductsOfARowsAndAColumnsPart)
+{
+    std::mt19937 parts(14);
+    const std::vector<double> rowPart = drawn(120, [&] { return std::normal_distribution<double>()(parts); });
+    const std::vector<double> columnPart = drawn(120, [&] { return std::normal_distribution<double>()(parts); });
+    expectPlainAssignments(100, 120, [&](std::mt19937&, ovUInt32 r, ovUInt32 c) { return rowPart[r] * columnPart[c]; });
+}
+
+TEST(Munkres, KeepsTheStepsChoiceOnNeighbouringNumbers)
+{
+    expectPlainAssignments(400, 60,
+                           [](std::mt19937& generator, ovUInt32, ovUInt32)
+                           { return 1.0 + std::ldexp(double(generator() % 4), -52); });
+}
+
+TEST(Munkres, KeepsTheStepsChoiceOnSmallDifferencesOfLargeNumbers)
+{
+    for (const double offset : {1e6, -1e12, 3e15, -7e16})
+    {
+        expectPlainAssignments(
+            100, 60, [&](std::mt19937& generator, ovUInt32, ovUInt32) { return offset + 0.1 * (generator() % 60); });
+    }
+}
+
+TEST(Munkres, KeepsTheStepsChoiceOnLikelihoods)
+{
+    expectPlainAssignments(200, 90,
+                           [](std::mt19937& generator, ovUInt32, ovUInt32)
+                           { return std::exp(std::uniform_real_distribution<double>(-30.0, 3.0)(generator)); });
+}
+
+TEST(Munkres, KeepsTheStepsChoiceOnWideTablesOfManyTies)
+{
+    // Rows have more equal weights than the search keeps lists of.
+    for (const unsigned int nbValues : {1u, 2u, 3u, 10u, 50u})
+    {
+        expectPlainAssignments(40, 160,
+                               [=](std::mt19937& generator, ovUInt32, ovUInt32) { return generator() % nbValues; });
+        expectPlainAssignments(40, 160,
+                               [=](std::mt19937& generator, ovUInt32, ovUInt32)
+                               { return -0.7 * double(generator() % nbValues); });
+    }
+}
+
+TEST(Munkres, KeepsTheStepsChoiceOnTheLargestFiniteDifferences)
+{
+    expectPlainAssignments(300, 30,
+                           [](std::mt19937& generator, ovUInt32, ovUInt32)
+                           {
+                               const double limit = NumericLimits<double>::s_max / 16.0;
+                               return std::uniform_real_distribution<double>(-limit, limit)(generator);
+                           });
+}
+
 TEST(Munkres, KeepsTheStepsChoiceOnLargerTables)
 {
     std::mt19937 generator(11);
@@ -488,10 +561,11 @@ TEST(Munkres, KeepsTheStepsChoiceOnLargerTables)
 TEST(Munkres, GivesEachRowAColumnOfItsOwnWhateverTheWeights)
 {
     // On such tables the steps alone would not end, or give a column twice.
-    const std::vector<double> odd = {g_nan, g_infinity, -g_infinity, NumericLimits<double>::s_max,
-                                     NumericLimits<double>::s_min};
+    const std::vector<double> odd = {
+        g_nan,  g_infinity, -g_infinity, NumericLimits<double>::s_max, NumericLimits<double>::s_min, 1e308,
+        -1e308, 4e307,      -0.0};
     std::mt19937 generator(5);
-    for (int repeat = 0; repeat < 4000 && !HasFailure(); ++repeat)
+    for (int repeat = 0; repeat < 20000 && !HasFailure(); ++repeat)
     {
         const ovUInt32 nbRows = 1 + generator() % 12;
         const ovUInt32 nbColumns = nbRows + generator() % 3;

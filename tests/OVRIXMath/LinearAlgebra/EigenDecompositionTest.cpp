@@ -186,6 +186,25 @@ TEST(EigenDecomposition, IsOrthonormalAndGivesTheMatrixBack)
     }
 }
 
+TEST(EigenDecomposition, KeepsHalfOfTheDigitsOfRightAnglesWhenBothSignsReachOverManyDecades)
+{
+    // What the header promises for the method's hardest case; the matrix is given back to all digits even there.
+    std::mt19937 gen(12);
+    for (int i = 0; i < 500; ++i)
+    {
+        const std::size_t n = 2 + gen() % 39;
+        std::vector<double> values = gradedValues(n);
+        for (double& value : values)
+            value *= gen() % 2 == 0 ? 1.0 : -1.0;
+        const Matrix A = withEigenvalues(values, gen);
+        Matrix V(n, n);
+        Vector w(n);
+        EXPECT_EQ(eigenDecomposition(A, w, V), rankOf(values));
+        EXPECT_LE(orthonormalityError(V), NumericLimits<double>::s_sqrt_eps) << n;
+        EXPECT_LE(norm(subtract(multiply(A, V), multiply(V, diagonal(toStd(w))))), bound(n) * norm(A)) << n;
+    }
+}
+
 TEST(EigenDecomposition, MayReplaceItsInput)
 {
     Matrix A = diagonal({2.0, 1.0});
@@ -445,6 +464,34 @@ TEST(EigenDecomposition2, AgreesWithTheGeneralForm)
     }
 }
 
+TEST(EigenDecomposition2, LosesNoDigitsWhereEigenvaluesNearlyCoincide)
+{
+    std::mt19937 gen(11);
+    for (double gap = 1.0; gap > 1e-17; gap *= 0.1)
+    {
+        for (int i = 0; i < 200; ++i)
+        {
+            const Matrix A = withEigenvalues({1.0, 1.0 + gap}, gen);
+            Matrix V(2, 2);
+            Vector w(2);
+            eigenDecomposition(A, w, V);
+            const Eigen2 eigen = decompose2(A(0, 0), A(0, 1), A(1, 1));
+            EXPECT_NEAR(eigen.minValue, w(0), bound(2)) << gap;
+            EXPECT_NEAR(eigen.maxValue, w(1), bound(2)) << gap;
+        }
+    }
+}
+
+TEST(EigenDecomposition2, MakesAnInfiniteEigenvalueOrNaNOfInfinities)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    EXPECT_TRUE(std::isnan(decompose2(infinity, 1.0, 2.0).minValue));
+    EXPECT_EQ(decompose2(infinity, 1.0, 2.0).maxValue, infinity);
+    EXPECT_EQ(decompose2(1.0, infinity, 2.0).minValue, -infinity);
+    EXPECT_EQ(decompose2(1.0, infinity, 2.0).maxValue, infinity);
+    EXPECT_TRUE(std::isnan(decompose2(infinity, 1.0, infinity).maxValue));
+}
+
 TEST(EigenDecomposition2, KeepsNaN)
 {
     for (const Eigen2& eigen : {decompose2(g_nan, 1.0, 2.0), decompose2(1.0, g_nan, 2.0), decompose2(1.0, 2.0, g_nan)})
@@ -691,6 +738,28 @@ TEST(EigenDecomposition3, KeepsNaN)
         for (const double value : eigen.rows.data())
             EXPECT_TRUE(std::isnan(value)) << position;
     }
+}
+
+TEST(EigenDecomposition3, MakesNaNOfInfinities)
+{
+    for (const double infinity : {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()})
+    {
+        for (std::size_t position = 0; position < 6; ++position)
+        {
+            double A[] = {1.0, 0.5, 0.25, 2.0, 0.125, 3.0};
+            A[position] = infinity;
+            for (const double value : decompose3(A[0], A[1], A[2], A[3], A[4], A[5]).l)
+                EXPECT_TRUE(std::isnan(value)) << position;
+        }
+    }
+}
+
+TEST(EigenDecomposition3, SortsInfinitiesOnADiagonal)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    const Eigen3 eigen = decompose3<double>(diagonal({infinity, 2.0, -infinity}));
+    EXPECT_EQ(eigen.l, (std::vector<double>{-infinity, 2.0, infinity}));
+    EXPECT_EQ(toStd(eigen.rows), toStd(makeMatrix({{0, 0, 1}, {0, 1, 0}, {1, 0, 0}})));
 }
 
 TEST(EigenDecomposition3, KeepsNaNOnADiagonal)

@@ -59,12 +59,13 @@ public:
     virtual Vector getParams() const = 0;
 
     /// Whether the class can tell that an inverse exists. Only Homography2d looks at its parameters; all others answer
-    /// `true`, even a singular Affine2d.
+    /// `true`, even a singular Affine2d. NaN in the matrix of a Homography2d raises as in getInvParams().
     virtual ovBool isInvertible() const;
 
     /// Parameters of the inverse transform, which is of the same kind.
     ///
-    /// @throws OVRIXMathException Transform2d message 3 for a singular Affine2d or Homography2d
+    /// @throws OVRIXMathException Transform2d message 3 for a singular Affine2d or Homography2d, LinearAlgebra message
+    /// 11 for a Homography2d with NaN
     virtual Vector getInvParams() const = 0;
 
     /// A new transform of the same kind with the parameters of getInvParams().

@@ -10,17 +10,17 @@ namespace math
 namespace transform
 {
 
-extern template class OVRIXMATH_EXPORT details::TransformFactory<details::TransformFamily2d>;
+extern template class OVRIXMATH_EXPORT TransformFactory<details::TransformFamily2d>;
 
-/// Creates planar transforms from their type; the operations are those of details::TransformFactory, all static.
+/// Creates planar transforms from their type; the operations are those of TransformFactory, all static.
 ///
 /// ```cpp
 /// const GeometricTransform2dPtr pScale = Transform2dFactory::createTransform(eGT2DT_Scale);
 /// ```
-class OVRIXMATH_EXPORT Transform2dFactory : public details::TransformFactory<details::TransformFamily2d>
+class OVRIXMATH_EXPORT Transform2dFactory : public TransformFactory<details::TransformFamily2d>
 {
 private:
-    friend class details::TransformFactory<details::TransformFamily2d>;
+    friend class TransformFactory<details::TransformFamily2d>;
     Transform2dFactory() = default;
 };
 

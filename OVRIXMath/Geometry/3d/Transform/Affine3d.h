@@ -28,8 +28,8 @@ public:
 
     /// Replaces parameters by those of the inverse transform.
     ///
-    /// @throws OVRIXMathException Transform3d message 3 when luInverse() calls the matrix singular; the parameters are
-    /// untouched
+    /// @throws OVRIXMathException Transform3d message 3 when luInverse() calls the matrix singular, LinearAlgebra
+    /// message 11 when it holds NaN or infinities cancel out in the decomposition; the parameters are untouched
     static void getInvParams(ovReal64& a00, ovReal64& a01, ovReal64& a02, ovReal64& a10, ovReal64& a11, ovReal64& a12,
                              ovReal64& a20, ovReal64& a21, ovReal64& a22, ovReal64& tx, ovReal64& ty, ovReal64& tz);
 

@@ -61,13 +61,14 @@ public:
     virtual Vector getParams() const = 0;
 
     /// Whether the class can tell that an inverse exists. Only Homography3d looks at its parameters; all others answer
-    /// `true`, even a singular Affine3d.
+    /// `true`, even a singular Affine3d. NaN in the matrix of a Homography3d raises as in getInvParams().
     virtual ovBool isInvertible() const;
 
     /// Parameters of the inverse transform, which is of the same kind. The scale of Similarity3d is an exception, told
     /// there.
     ///
-    /// @throws OVRIXMathException Transform3d message 3 for a singular Affine3d or Homography3d
+    /// @throws OVRIXMathException Transform3d message 3 for a singular Affine3d or Homography3d, LinearAlgebra message
+    /// 11 for one with NaN in its matrix
     virtual Vector getInvParams() const = 0;
 
     /// A new transform of the same kind with the parameters of getInvParams().

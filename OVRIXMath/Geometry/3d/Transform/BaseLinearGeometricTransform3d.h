@@ -26,7 +26,7 @@ public:
     virtual HomogenousMatrix3d getHomogenousMatrix() const = 0;
 
     /// The matrix of the inverse transform for Affine3d and Homography3d. All others return getHomogenousMatrix()
-    /// itself; this is meant: their true inverse comes from getInvParams() or createInverted().
+    /// itself; this is meant: the inverse comes from getInvParams() or createInverted(), but see Similarity3d.
     ///
     /// @throws OVRIXMathException Transform3d message 3 for a singular Affine3d or Homography3d
     virtual HomogenousMatrix3d getInvHomogenousMatrix() const = 0;

@@ -29,16 +29,20 @@ public:
 
     /// Replaces parameters by those of the inverse transform.
     ///
-    /// @throws OVRIXMathException Transform3d message 3 when luInverse() calls the matrix singular; the parameters are
-    /// untouched
+    /// @throws OVRIXMathException Transform3d message 3 when luInverse() calls the matrix singular, LinearAlgebra
+    /// message 11 when it holds NaN or infinities cancel out in the decomposition; the parameters are untouched
     static void getInvParams(ovReal64& h00, ovReal64& h01, ovReal64& h02, ovReal64& h03, ovReal64& h10, ovReal64& h11,
                              ovReal64& h12, ovReal64& h13, ovReal64& h20, ovReal64& h21, ovReal64& h22, ovReal64& h23,
                              ovReal64& h30, ovReal64& h31, ovReal64& h32, ovReal64& h33);
 
     /// Whether luInverse() inverts the matrix; there is no threshold.
+    ///
+    /// @throws OVRIXMathException LinearAlgebra message 11 for NaN as getInvParams()
     ovBool isInvertible() const override;
 
     /// Whether luInverse() inverts the matrix of these parameters.
+    ///
+    /// @throws OVRIXMathException LinearAlgebra message 11 for NaN as getInvParams()
     static ovBool isInvertible(ovReal64 h00, ovReal64 h01, ovReal64 h02, ovReal64 h03, ovReal64 h10, ovReal64 h11,
                                ovReal64 h12, ovReal64 h13, ovReal64 h20, ovReal64 h21, ovReal64 h22, ovReal64 h23,
                                ovReal64 h30, ovReal64 h31, ovReal64 h32, ovReal64 h33);

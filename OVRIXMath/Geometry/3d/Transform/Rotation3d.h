@@ -15,8 +15,8 @@ namespace transform
 /// - Parameters: (rz, ry, rx), in radians.
 /// - Point: x' = R x, with R = Rz(rz) Ry(ry) Rx(rx), which has, with c and s the cosines and sines, the rows
 ///   (cy cz, sx sy cz - cx sz, cx sy cz + sx sz), (cy sz, sx sy sz + cx cz, cx sy sz - sx cz), (-sy, sx cy, cx cy).
-/// - Inverse: the angles of R^T come from its entries. Where |R02| is within sqrt(epsilon) of 1, rz and rx cannot be told apart;
-///   rz is then 0 and ry a right angle.
+/// - Inverse: the angles of R^T come from its entries. Where |R02| is within sqrt(epsilon) of 1, rz and rx cannot be
+///   told apart; rz is then 0 and ry a right angle: pi/2 for a negative R02, -pi/2 for a positive one and for NaN.
 class OVRIXMATH_EXPORT Rotation3d : public details::ConcreteTransform3d<Rotation3d, details::RotationModel>
 {
 public:

@@ -10,17 +10,17 @@ namespace math
 namespace transform
 {
 
-extern template class OVRIXMATH_EXPORT details::TransformFactory<details::TransformFamily3d>;
+extern template class OVRIXMATH_EXPORT TransformFactory<details::TransformFamily3d>;
 
-/// Creates spatial transforms from their type; the operations are those of details::TransformFactory, all static.
+/// Creates spatial transforms from their type; the operations are those of TransformFactory, all static.
 ///
 /// ```cpp
 /// const GeometricTransform3dPtr pScale = Transform3dFactory::createTransform(eGT3DT_Scale);
 /// ```
-class OVRIXMATH_EXPORT Transform3dFactory : public details::TransformFactory<details::TransformFamily3d>
+class OVRIXMATH_EXPORT Transform3dFactory : public TransformFactory<details::TransformFamily3d>
 {
 private:
-    friend class details::TransformFactory<details::TransformFamily3d>;
+    friend class TransformFactory<details::TransformFamily3d>;
     Transform3dFactory() = default;
 };
 

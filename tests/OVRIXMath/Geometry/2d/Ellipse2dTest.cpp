@@ -422,6 +422,12 @@ TEST(EllipseExcentricity, LetsNaNThrough)
     EXPECT_TRUE(std::isnan(ellipseExcentricity(2.0, g_nan)));
 }
 
+TEST(EllipseExcentricity, TakesTheSecondRadiusForTheBigOneBesideNaN)
+{
+    EXPECT_EQ(ellipseExcentricity(g_nan, -1.0), 0.0);
+    EXPECT_TRUE(std::isnan(ellipseExcentricity(-1.0, g_nan)));
+}
+
 // Equivalent ellipse
 
 TEST(EquivalentEllipse, IsAPointForNothing)

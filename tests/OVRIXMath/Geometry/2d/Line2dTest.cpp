@@ -66,6 +66,16 @@ TEST(LineFromPoints, LetsNaNThrough)
     }
 }
 
+TEST(LineFromPoints, GivesNaNForEqualPointsAtInfinity)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    double rho = 0.0;
+    double theta = 0.0;
+    EXPECT_TRUE(lineFromPoints(infinity, 0.0, infinity, 0.0, rho, theta));
+    EXPECT_TRUE(std::isnan(rho));
+    EXPECT_TRUE(std::isnan(theta));
+}
+
 TEST(LineFromPoints, GivesALineThroughBothPoints)
 {
     std::mt19937 generator(12);

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/NumberTypes.h>
 #include <support/SegmentNumbers.h>
 
@@ -268,6 +269,16 @@ TYPED_TEST(SegmentsDistance2d, HasTheSameValueWithoutTheClosestPoints)
         EXPECT_EQ(segmentsDistance<TypeParam>(a[0], a[1], b[0], b[1], c[0], c[1], d[0], d[1]),
                   findClosest<TypeParam>(a, b, c, d).distance);
     }
+}
+
+TYPED_TEST(SegmentsDistance2d, AllocatesNothing)
+{
+    const Point<TypeParam> apart[] = {{0, 0}, {3, 0}, {0, 2}, {3, 2}};
+    const Point<TypeParam> crossing[] = {{0, 0}, {4, 4}, {0, 4}, {4, 0}};
+    const Point<TypeParam> overlapping[] = {{0, 0}, {4, 0}, {2, 0}, {8, 0}};
+    double sum = 0.0;
+    for (const Point<TypeParam>* p : {apart, crossing, overlapping})
+        EXPECT_EQ(countSteadyAllocations([&] { sum += findClosest<TypeParam>(p[0], p[1], p[2], p[3]).distance; }), 0u);
 }
 
 // What the arithmetic of the types does

@@ -68,6 +68,22 @@ Quadratic makeQuadratic(const Point& c, const Rows& axes, const Point& r)
             a[2][2], -2.0 * w[0], -2.0 * w[1], -2.0 * w[2], c[0] * w[0] + c[1] * w[1] + c[2] * w[2] - 1.0};
 }
 
+/// The polynomial, times `scale`, of the ellipsoid of radii 3, 2 and 1 units about (10, 0, 0) units, turned by pi / 4
+/// about z.
+Quadratic makeLargeQuadratic(double unit, double scale)
+{
+    Ellipsoid e;
+    e.c = {10.0 * unit, 0.0, 0.0};
+    e.angles = {g_pi / 4.0, 0.0, 0.0};
+    e.r = {3.0 * unit, 2.0 * unit, unit};
+    Quadratic q;
+    EXPECT_TRUE(toQuadratic(e, q));
+    q[9] -= 1.0;
+    for (double& coefficient : q)
+        coefficient *= scale;
+    return q;
+}
+
 /// A centre at 4 to 9 from the origin, any orientation, radii from 1 to 3 that fall by 0.2 at least.
 Ellipsoid drawEllipsoid(std::mt19937& generator)
 {
@@ -191,7 +207,7 @@ TEST(ConvertEllipsoidFromQuadratic, RefusesNaN)
     }
 }
 
-TEST(ConvertEllipsoidFromQuadratic, FindsTheCentreOfEveryRotatedEllipsoid)
+TEST(ConvertEllipsoidFromQuadratic, FindsRotatedEllipsoidsOfRadiiFromOneToThree)
 {
     std::mt19937 generator(111);
     for (int run = 0; run < 1000; ++run)
@@ -226,7 +242,7 @@ TEST(ConvertEllipsoidFromQuadratic, HasTheAxesAsRowsOfItsRotation)
     }
 }
 
-TEST(ConvertEllipsoidFromQuadratic, DoesNotDependOnTheScale)
+TEST(ConvertEllipsoidFromQuadratic, TakesModerateScalesOfEitherSign)
 {
     std::mt19937 generator(113);
     for (const double scale : {0.5, 8.0, -1.0, -4.0})
@@ -243,6 +259,36 @@ TEST(ConvertEllipsoidFromQuadratic, DoesNotDependOnTheScale)
             EXPECT_NEAR(e.r[i], drawn.r[i], 1e-8);
         }
     }
+}
+
+TEST(ConvertEllipsoidFromQuadratic, RefusesALargeEllipsoidOfTinyCoefficients)
+{
+    Ellipsoid e;
+    EXPECT_FALSE(fromQuadratic(makeLargeQuadratic(100.0, 1.0), e));
+    EXPECT_EQ(e.r, Ellipsoid().r);
+}
+
+TEST(ConvertEllipsoidFromQuadratic, FindsAWrongCentreForSmallCoefficients)
+{
+    Ellipsoid e;
+    EXPECT_TRUE(fromQuadratic(makeLargeQuadratic(50.0, 1.0), e));
+    EXPECT_GT(std::fabs(e.c[0] - 500.0), 100.0);
+}
+
+TEST(ConvertEllipsoidFromQuadratic, FindsALargeEllipsoidOfCoefficientsThatWereScaledUp)
+{
+    for (const double unit : {50.0, 100.0})
+        for (const double scale : {1e4, 1e5})
+        {
+            Ellipsoid e;
+            ASSERT_TRUE(fromQuadratic(makeLargeQuadratic(unit, scale), e));
+            EXPECT_NEAR(e.c[0], 10.0 * unit, 1e-9);
+            EXPECT_NEAR(e.c[1], 0.0, 1e-9);
+            EXPECT_NEAR(e.c[2], 0.0, 1e-9);
+            EXPECT_NEAR(e.r[0], 3.0 * unit, 1e-9);
+            EXPECT_NEAR(e.r[1], 2.0 * unit, 1e-9);
+            EXPECT_NEAR(e.r[2], unit, 1e-9);
+        }
 }
 
 TEST(ConvertEllipsoidFromQuadratic, SortsTheRadiiOfEllipsoidsAlongTheAxes)
@@ -328,7 +374,7 @@ TEST(ConvertEllipsoidToQuadratic, GivesAPolynomialThatIsOneOnTheEllipsoid)
 
 // There and back
 
-TEST(ConvertEllipsoid, IsRefusedOnTheWayBack)
+TEST(ConvertEllipsoid, IsRefusedOnTheWayBackWhereTheArithmeticIsExact)
 {
     Ellipsoid e;
     e.c = {2.0, 0.0, 0.0};
@@ -341,6 +387,23 @@ TEST(ConvertEllipsoid, IsRefusedOnTheWayBack)
     EXPECT_FALSE(fromQuadratic(q, back));
     EXPECT_EQ(back.c, e.c);
     EXPECT_EQ(back.r, Ellipsoid().r);
+}
+
+TEST(ConvertEllipsoid, IsAlmostAPointOnTheWayBackWhereRoundingLetsItPass)
+{
+    std::mt19937 generator(119);
+    int nbPassed = 0;
+    for (int run = 0; run < 1000; ++run)
+    {
+        Quadratic q;
+        ASSERT_TRUE(toQuadratic(drawEllipsoid(generator), q));
+        Ellipsoid back;
+        if (!fromQuadratic(q, back))
+            continue;
+        ++nbPassed;
+        EXPECT_LT(back.r[0], 1e-3);
+    }
+    EXPECT_GT(nbPassed, 0);
 }
 
 TEST(ConvertEllipsoid, ComesBackWithOneSubtractedFromTheConstant)
@@ -438,6 +501,18 @@ TEST(EllipsoidExcentricity, IsZeroForASphere)
 TEST(EllipsoidExcentricity, IsNaNWhereANegativeRadiusIsTheLongest)
 {
     EXPECT_TRUE(std::isnan(ellipsoidExcentricity(1.0, 0.5, -2.0)));
+}
+
+TEST(EllipsoidExcentricity, LetsNaNThroughWhereSortingDoesNotPutItInTheMiddle)
+{
+    EXPECT_EQ(ellipsoidExcentricity(3.0, g_nan, 5.0), 0.8);
+    EXPECT_TRUE(std::isnan(ellipsoidExcentricity(5.0, 3.0, g_nan)));
+    EXPECT_TRUE(std::isnan(ellipsoidExcentricity(g_nan, 3.0, 5.0)));
+}
+
+TEST(EllipsoidExcentricity, IsZeroForANaNThatIsSortedBelowNegativeRadii)
+{
+    EXPECT_EQ(ellipsoidExcentricity(g_nan, -1.0, -2.0), 0.0);
 }
 
 // Radius and points

@@ -89,6 +89,24 @@ TEST(PlanFromPoints, AppliesNoTolerance)
     EXPECT_EQ(plan.theta, 0.0);
 }
 
+TEST(PlanFromPoints, RefusesACrossProductWhoseLengthUnderflows)
+{
+    Plan plan;
+    EXPECT_FALSE(fit({0.0, 0.0, 0.0, 1e-90, 0.0, 0.0, 0.0, 1e-90, 0.0}, plan));
+    EXPECT_EQ(plan.rho, -7.0);
+    EXPECT_EQ(plan.theta, 0.0);
+    EXPECT_EQ(plan.phi, 0.0);
+}
+
+TEST(PlanFromPoints, TakesTheAzimuthOfACrossProductWhoseLengthUnderflows)
+{
+    Plan plan;
+    EXPECT_FALSE(fit({0.0, 0.0, 0.0, 0.0, 0.0, 1e-90, 1e-90, 0.0, 0.0}, plan));
+    EXPECT_EQ(plan.rho, -7.0);
+    EXPECT_EQ(plan.theta, 0.0);
+    EXPECT_EQ(plan.phi, g_halfPi);
+}
+
 TEST(PlanFromPoints, LetsNaNThrough)
 {
     for (std::size_t position = 0; position < 9; ++position)

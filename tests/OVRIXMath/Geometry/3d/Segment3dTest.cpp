@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <limits>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/NumberTypes.h>
 #include <support/SegmentNumbers.h>
 #include <type_traits>
@@ -144,6 +145,13 @@ TYPED_TEST(SegmentsIntersects3d, ComparesTheHeightsOfTwoPoints)
 {
     EXPECT_TRUE(intersects<TypeParam>({1, 2, 3}, {1, 2, 3}, {1, 2, 3}, {1, 2, 3}));
     EXPECT_FALSE(intersects<TypeParam>({1, 2, 3}, {1, 2, 3}, {1, 2, 4}, {1, 2, 4}));
+}
+
+TYPED_TEST(SegmentsIntersects3d, DoesNotCompareTheHeightsOfAPointAndAnUprightSegment)
+{
+    EXPECT_TRUE(intersects<TypeParam>({1, 2, 3}, {1, 2, 3}, {1, 2, 0}, {1, 2, 9}));
+    EXPECT_TRUE(intersects<TypeParam>({1, 2, 30}, {1, 2, 30}, {1, 2, 0}, {1, 2, 9}));
+    EXPECT_TRUE(intersects<TypeParam>({1, 2, 0}, {1, 2, 9}, {1, 2, 30}, {1, 2, 30}));
 }
 
 TYPED_TEST(SegmentsIntersects3d, FollowsTheTurnsOfTheEndsInProjection)
@@ -298,6 +306,16 @@ TYPED_TEST(SegmentsDistance3d, HasTheSameValueWithoutTheClosestPoints)
                                               s.d[0], s.d[1], +s.d[2]),
                   findClosest<TypeParam>(s.a, s.b, s.c, s.d).distance);
     }
+}
+
+TYPED_TEST(SegmentsDistance3d, AllocatesNothing)
+{
+    const Point<TypeParam> apart[] = {{0, 0, 1}, {3, 0, 1}, {0, 2, 1}, {3, 2, 1}};
+    const Point<TypeParam> crossing[] = {{0, 0, 1}, {4, 4, 1}, {0, 4, 2}, {4, 0, 2}};
+    const Point<TypeParam> overlapping[] = {{0, 0, 1}, {4, 0, 1}, {2, 0, 1}, {8, 0, 1}};
+    double sum = 0.0;
+    for (const Point<TypeParam>* p : {apart, crossing, overlapping})
+        EXPECT_EQ(countSteadyAllocations([&] { sum += findClosest<TypeParam>(p[0], p[1], p[2], p[3]).distance; }), 0u);
 }
 
 TEST(SegmentsDistance3dInt, KeepsANaNOfTheFirstCandidate)

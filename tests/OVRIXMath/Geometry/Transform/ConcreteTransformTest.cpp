@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
@@ -19,6 +20,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::drawParams;
 using test::drawPoint;
 using test::FamilyOf;
@@ -26,10 +28,6 @@ using test::getEntries;
 using test::makeTransform;
 using test::map;
 using test::toStd;
-
-using Transforms = ::testing::Types<Translation2d, Rotation2d, Rigid2d, Scale2d, Similarity2d, AnisotropicScale2d,
-                                    Affine2d, Homography2d, Translation3d, Rotation3d, Rigid3d, Scale3d, Similarity3d,
-                                    AnisotropicScale3d, Affine3d, Homography3d>;
 
 /// All but Translation3d, whose matrix ignores the parameters.
 using TransformsWithMatrix = ::testing::Types<Translation2d, Rotation2d, Rigid2d, Scale2d, Similarity2d,
@@ -92,7 +90,7 @@ class ConcreteTransform : public ::testing::Test
 {
 };
 
-TYPED_TEST_SUITE(ConcreteTransform, Transforms);
+TYPED_TEST_SUITE(ConcreteTransform, test::AllTransforms);
 
 TYPED_TEST(ConcreteTransform, TheTypeAndTheNumberOfParametersAreThoseOfTheFactory)
 {
@@ -118,6 +116,15 @@ TYPED_TEST(ConcreteTransform, TheDefaultStateLeavesEveryPointWhereItIs)
         const auto point = drawPoint<FamilyOf<TypeParam>>(generator);
         EXPECT_EQ(map(TypeParam(), point), point);
     }
+}
+
+TYPED_TEST(ConcreteTransform, TheDefaultStateIsToTheBitThatOfItsParameters)
+{
+    const TypeParam fresh;
+    const TypeParam same = makeTransform<TypeParam>(fresh.getParams());
+    EXPECT_EQ(bitsOf(getEntries(fresh.getHomogenousMatrix())), bitsOf(getEntries(same.getHomogenousMatrix())));
+    EXPECT_EQ(bitsOf(map(fresh, {0.5, -0.0})), bitsOf(map(same, {0.5, -0.0})));
+    EXPECT_EQ(bitsOf(map(fresh, {-0.0, -0.5})), bitsOf(map(same, {-0.0, -0.5})));
 }
 
 TYPED_TEST(ConcreteTransform, TheIdentityParametersAreThoseOfTheDefaultState)

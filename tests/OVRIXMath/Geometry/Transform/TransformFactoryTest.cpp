@@ -5,6 +5,7 @@
 
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LogCapture.h>
 #include <support/Transforms.h>
 #include <thread>
 
@@ -15,8 +16,21 @@ namespace math
 namespace transform
 {
 
+/// Expects the call to raise, and to log what it raises once, as an error of the library.
+template <class Call>
+void expectRaisesAndLogs(const std::string& text, Call&& call)
+{
+    const test::LogCapture log;
+    test::expectMathRaises(text, call);
+    const std::vector<test::LogLine> lines = log.getLines();
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_EQ(lines.front().text, text);
+    EXPECT_EQ(lines.front().level, 40000);
+    EXPECT_EQ(lines.front().logger, "OVRIX.OVRIXMath");
+}
+
 template <class Family>
-class TransformFactory : public ::testing::Test
+class FamilyFactory : public ::testing::Test
 {
 protected:
     using Factory = typename Family::Factory;
@@ -37,15 +51,15 @@ protected:
 };
 
 using Families = ::testing::Types<test::Transforms2d, test::Transforms3d>;
-TYPED_TEST_SUITE(TransformFactory, Families);
+TYPED_TEST_SUITE(FamilyFactory, Families);
 
-TYPED_TEST(TransformFactory, ThereIsOneFactory)
+TYPED_TEST(FamilyFactory, ThereIsOneFactory)
 {
     typename TypeParam::Factory& factory = TypeParam::Factory::getInstance();
     EXPECT_EQ(&factory, &TypeParam::Factory::getInstance());
 }
 
-TYPED_TEST(TransformFactory, AllEightTypesAreRegistered)
+TYPED_TEST(FamilyFactory, AllEightTypesAreRegistered)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
         EXPECT_TRUE(TypeParam::Factory::isRegistred(this->type(value)));
@@ -53,13 +67,13 @@ TYPED_TEST(TransformFactory, AllEightTypesAreRegistered)
     EXPECT_FALSE(TypeParam::Factory::isRegistred(this->type(-1)));
 }
 
-TYPED_TEST(TransformFactory, KnowsTheNumberOfParametersOfEachType)
+TYPED_TEST(FamilyFactory, KnowsTheNumberOfParametersOfEachType)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
         EXPECT_EQ(TypeParam::Factory::getNbParams(this->type(value)), TypeParam::getNumbersOfParams()[value]);
 }
 
-TYPED_TEST(TransformFactory, CreatesEachTypeInItsDefaultState)
+TYPED_TEST(FamilyFactory, CreatesEachTypeInItsDefaultState)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
     {
@@ -71,7 +85,7 @@ TYPED_TEST(TransformFactory, CreatesEachTypeInItsDefaultState)
     }
 }
 
-TYPED_TEST(TransformFactory, CreatesEachTypeWithParameters)
+TYPED_TEST(FamilyFactory, CreatesEachTypeWithParameters)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
     {
@@ -81,7 +95,7 @@ TYPED_TEST(TransformFactory, CreatesEachTypeWithParameters)
     }
 }
 
-TYPED_TEST(TransformFactory, AWrongNumberOfParametersRaises)
+TYPED_TEST(FamilyFactory, AWrongNumberOfParametersRaises)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
     {
@@ -94,7 +108,7 @@ TYPED_TEST(TransformFactory, AWrongNumberOfParametersRaises)
     }
 }
 
-TYPED_TEST(TransformFactory, RegisteringATypeAgainRaisesAndKeepsTheFirstEntry)
+TYPED_TEST(FamilyFactory, RegisteringATypeAgainRaisesAndKeepsTheFirstEntry)
 {
     for (int value = 0; value < this->s_nbTypes; ++value)
     {
@@ -106,7 +120,7 @@ TYPED_TEST(TransformFactory, RegisteringATypeAgainRaisesAndKeepsTheFirstEntry)
     }
 }
 
-TYPED_TEST(TransformFactory, ATypeThatIsNotRegisteredRaises)
+TYPED_TEST(FamilyFactory, ATypeThatIsNotRegisteredRaises)
 {
     const std::string text = "Geometric transformation 8 has not been registred";
     test::expectMathRaises(text, [&] { TypeParam::Factory::getNbParams(this->type(8)); });
@@ -114,7 +128,27 @@ TYPED_TEST(TransformFactory, ATypeThatIsNotRegisteredRaises)
     test::expectMathRaises(text, [&] { TypeParam::Factory::createTransform(this->type(8), Vector(1, 0.0)); });
 }
 
-TYPED_TEST(TransformFactory, TwoThreadsCreateTransformsAtOnce)
+TYPED_TEST(FamilyFactory, EachFailureIsLoggedOnceAsAnErrorOfTheLibrary)
+{
+    const std::string name = TypeParam::getNames()[0];
+    expectRaisesAndLogs("Number of parameters 99 is not valid for transformation type " + name + ", expecting " +
+                            std::to_string(TypeParam::getNumbersOfParams()[0]) + " parameters",
+                        [&] { TypeParam::Factory::createTransform(this->type(0), Vector(99, 0.0)); });
+    expectRaisesAndLogs("Geometric transformation " + name + " has already been registred",
+                        [&] { TypeParam::Factory::registerTransform(this->type(0), 99, &TestFixture::createNull); });
+    expectRaisesAndLogs("Geometric transformation 8 has not been registred",
+                        [&] { TypeParam::Factory::createTransform(this->type(8)); });
+    for (const int affineOrHomography : {6, 7})
+    {
+        const auto type = this->type(affineOrHomography);
+        const Vector zeros(TypeParam::Factory::getNbParams(type), 0.0);
+        const auto pSingular = TypeParam::Factory::createTransform(type, zeros);
+        expectRaisesAndLogs("Transformation cannot be inverted", [&] { pSingular->getInvParams(); });
+        expectRaisesAndLogs("Transformation cannot be inverted", [&] { pSingular->createInverted(); });
+    }
+}
+
+TYPED_TEST(FamilyFactory, TwoThreadsCreateTransformsAtOnce)
 {
     const auto createAll = [this]
     {

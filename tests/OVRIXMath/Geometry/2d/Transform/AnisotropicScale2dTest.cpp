@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/Transforms.h>
 
@@ -10,6 +13,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::getEntries;
 using test::makeTransform;
 using test::makeVector;
@@ -28,6 +32,26 @@ TEST(AnisotropicScale2d, TheInverseOfAScaleOfZeroIsZeroByItself)
 {
     EXPECT_EQ(toStd(makeTransform<AnisotropicScale2d>(makeVector({2, 0})).getInvParams()), (Values{0.5, 0}));
     EXPECT_EQ(toStd(makeTransform<AnisotropicScale2d>(makeVector({0, 4})).getInvParams()), (Values{0, 0.25}));
+}
+
+TEST(AnisotropicScale2d, TheInverseOfAScaleOfMinusZeroIsPlusZero)
+{
+    const AnisotropicScale2d scale = makeTransform<AnisotropicScale2d>(makeVector({2, -0.0}));
+    EXPECT_EQ(bitsOf(scale.getInvParams()), bitsOf(Values{0.5, 0}));
+}
+
+TEST(AnisotropicScale2d, TheInverseOfAScaleThatIsNotANumberIsNotANumberByItself)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const Vector inverse = makeTransform<AnisotropicScale2d>(makeVector({2, nan})).getInvParams();
+    EXPECT_EQ(inverse(0), 0.5);
+    EXPECT_TRUE(std::isnan(inverse(1)));
+}
+
+TEST(AnisotropicScale2d, AScaleOfZeroCanBeInverted)
+{
+    const AnisotropicScale2d scale = makeTransform<AnisotropicScale2d>(makeVector({2, 0}));
+    EXPECT_EQ(toStd(scale.createInverted()->getParams()), (Values{0.5, 0}));
 }
 
 TEST(AnisotropicScale2d, BothMatricesAreThatOfTheTransform)

@@ -15,7 +15,7 @@ namespace transform
 using test::makeTransform;
 using test::makeVector;
 
-/// A user's transform that the factory does not know.
+/// A user's transform that the factory does not know; counts its inversions.
 class Mirror2d : public BaseGeometricTransform2d
 {
 public:
@@ -43,8 +43,16 @@ public:
     }
     Vector getInvParams() const override
     {
+        ++_nbInversions;
         return Vector();
     }
+    int getNbInversions() const
+    {
+        return _nbInversions;
+    }
+
+private:
+    mutable int _nbInversions = 0;
 };
 
 template <class T>
@@ -96,9 +104,11 @@ TEST(BaseGeometricTransform2d, IsInvertibleUnlessToldOtherwise)
     EXPECT_TRUE(Mirror2d().isInvertible());
 }
 
-TEST(BaseGeometricTransform2d, TheInverseOfATypeThatIsNotRegisteredRaises)
+TEST(BaseGeometricTransform2d, TheInverseOfATypeThatIsNotRegisteredRaisesBeforeItsParametersAreAskedFor)
 {
-    test::expectMathRaises("Geometric transformation 8 has not been registred", [] { Mirror2d().createInverted(); });
+    const Mirror2d mirror;
+    test::expectMathRaises("Geometric transformation 8 has not been registred", [&] { mirror.createInverted(); });
+    EXPECT_EQ(mirror.getNbInversions(), 0);
 }
 
 } // namespace transform

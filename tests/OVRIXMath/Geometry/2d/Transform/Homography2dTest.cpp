@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
 #include <support/Transforms.h>
@@ -13,6 +14,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::drawParams;
 using test::drawPoint;
 using test::getEntries;
@@ -25,6 +27,7 @@ using Point = test::Transforms2d::Point;
 using Values = std::vector<double>;
 
 const std::string g_notInvertible = "Transformation cannot be inverted";
+const std::string g_lapackFailure = "LaPack repport an error during execution";
 
 TEST(Homography2d, FollowsTheFormula)
 {
@@ -81,6 +84,49 @@ TEST(Homography2d, ThereIsNoThresholdOfInvertibility)
 {
     EXPECT_TRUE(Homography2d::isInvertible(1, 0, 0, 0, 1e-300, 0, 0, 0, 1));
     EXPECT_FALSE(Homography2d::isInvertible(1, 0, 0, 0, 0, 0, 0, 0, 1));
+}
+
+TEST(Homography2d, TheStaticFormTellsInvertibilityInTheOrderOfTheParameters)
+{
+    EXPECT_TRUE(Homography2d::isInvertible(0, 2, 0, 0, 0, 4, 8, 0, 0));
+    EXPECT_FALSE(Homography2d::isInvertible(1, 2, 3, 2, 4, 6, 7, 8, 9));
+}
+
+TEST(Homography2d, AMatrixWithNaNRaisesTheFailureOfLapack)
+{
+    for (std::size_t i = 0; i < Homography2d::s_nbParams; ++i)
+    {
+        Vector params = Homography2d().getParams();
+        params(i) = std::numeric_limits<double>::quiet_NaN();
+        const Homography2d homography = makeTransform<Homography2d>(params);
+        test::expectMathRaises(g_lapackFailure, [&] { homography.isInvertible(); });
+        test::expectMathRaises(g_lapackFailure, [&] { homography.getInvParams(); });
+        test::expectMathRaises(g_lapackFailure, [&] { homography.getInvHomogenousMatrix(); });
+        test::expectMathRaises(g_lapackFailure, [&] { homography.createInverted(); });
+    }
+}
+
+TEST(Homography2d, InfinitiesThatCancelOutRaiseTheFailureOfLapack)
+{
+    Vector params = Homography2d().getParams();
+    params(3) = 1; // takes the first row from the second
+    params(2) = std::numeric_limits<double>::infinity();
+    params(5) = std::numeric_limits<double>::infinity();
+    const Homography2d homography = makeTransform<Homography2d>(params);
+    test::expectMathRaises(g_lapackFailure, [&] { homography.isInvertible(); });
+    test::expectMathRaises(g_lapackFailure, [&] { homography.getInvParams(); });
+}
+
+TEST(Homography2d, TheStaticFormsRaiseForNaNAndLeaveTheParametersUntouched)
+{
+    Values h = toStd(Homography2d().getParams());
+    h[1] = std::numeric_limits<double>::quiet_NaN();
+    const auto before = bitsOf(h);
+    test::expectMathRaises(g_lapackFailure,
+                           [&] { Homography2d::getInvParams(h[0], h[1], h[2], h[3], h[4], h[5], h[6], h[7], h[8]); });
+    test::expectMathRaises(g_lapackFailure,
+                           [&] { Homography2d::isInvertible(h[0], h[1], h[2], h[3], h[4], h[5], h[6], h[7], h[8]); });
+    EXPECT_EQ(bitsOf(h), before);
 }
 
 TEST(Homography2d, TheInverseIsNotNormalised)

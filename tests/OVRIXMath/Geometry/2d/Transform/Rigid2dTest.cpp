@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/Transforms.h>
 
@@ -11,6 +12,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::drawParams;
 using test::drawPoint;
 using test::getEntries;
@@ -46,6 +48,26 @@ TEST(Rigid2d, FollowsTheFormulas)
         EXPECT_EQ(getEntries(rigid.getHomogenousMatrix()), (Values{c, -s, tx, s, c, ty, 0, 0, 1}));
         EXPECT_EQ(getEntries(rigid.getInvHomogenousMatrix()),
                   (Values{c, s, -(c * tx + s * ty), -s, c, -(c * ty - s * tx), 0, 0, 1}));
+    }
+}
+
+TEST(Rigid2d, TheInverseMatrixFollowsTheFormulaToTheBit)
+{
+    std::mt19937 generator(2);
+    std::vector<Vector> draws;
+    for (const double zero : {0.0, -0.0})
+        for (const double tx : {0.0, -0.0, 3.0})
+            draws.push_back(makeVector({zero, tx, 0.0}));
+    for (int i = 0; i < 200; ++i)
+        draws.push_back(drawParams<Rigid2d>(generator));
+    for (const Vector& params : draws)
+    {
+        const double c = std::cos(params(0));
+        const double s = std::sin(params(0));
+        const double tx = params(1);
+        const double ty = params(2);
+        EXPECT_EQ(bitsOf(getEntries(makeTransform<Rigid2d>(params).getInvHomogenousMatrix())),
+                  bitsOf(Values{c, s, -(c * tx + s * ty), -s, c, -(c * ty - s * tx), 0, 0, 1}));
     }
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/Transforms.h>
 
@@ -11,6 +12,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::drawParams;
 using test::drawPoint;
 using test::getEntries;
@@ -62,6 +64,21 @@ TEST(Rotation2d, TheMatricesAreTransposesOfEachOther)
     const double s = std::sin(0.7);
     EXPECT_EQ(getEntries(rotation.getHomogenousMatrix()), (Values{c, -s, 0, s, c, 0, 0, 0, 1}));
     EXPECT_EQ(getEntries(rotation.getInvHomogenousMatrix()), (Values{c, s, 0, -s, c, 0, 0, 0, 1}));
+}
+
+TEST(Rotation2d, TheInverseMatrixHasToTheBitTheCosineAndSineOfTheAngle)
+{
+    std::mt19937 generator(2);
+    std::vector<Vector> draws{makeVector({0.0}), makeVector({-0.0})};
+    for (int i = 0; i < 200; ++i)
+        draws.push_back(drawParams<Rotation2d>(generator));
+    for (const Vector& params : draws)
+    {
+        const double c = std::cos(params(0));
+        const double s = std::sin(params(0));
+        EXPECT_EQ(bitsOf(getEntries(makeTransform<Rotation2d>(params).getInvHomogenousMatrix())),
+                  bitsOf(Values{c, s, 0, -s, c, 0, 0, 0, 1}));
+    }
 }
 
 TEST(Rotation2d, TheIdentityParameterIsZero)

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/Transforms.h>
 
@@ -11,6 +13,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::drawParams;
 using test::drawPoint;
 using test::getEntries;
@@ -53,8 +56,23 @@ TEST(Similarity2d, TheInverseParametersHoldTheInverseScaleAndTheInverseMatrixDoe
 
 TEST(Similarity2d, TheInverseOfScaleZeroCollapsesToTheOrigin)
 {
-    const Similarity2d similarity = makeTransform<Similarity2d>(makeVector({0, 0.5, 3, 4}));
-    EXPECT_EQ(toStd(similarity.getInvParams()), (Values{0, -0.5, 0, 0}));
+    for (const double zero : {0.0, -0.0})
+    {
+        const Similarity2d similarity = makeTransform<Similarity2d>(makeVector({zero, 0.5, 3, 4}));
+        EXPECT_EQ(toStd(similarity.getInvParams()), (Values{0, -0.5, 0, 0}));
+        EXPECT_EQ(bitsOf(similarity.getInvParams()(0)), bitsOf(0.0));
+        EXPECT_EQ(toStd(similarity.createInverted()->getParams()), (Values{0, -0.5, 0, 0}));
+    }
+}
+
+TEST(Similarity2d, TheInverseOfAScaleThatIsNotANumberKeepsTheAngleAlone)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const Vector inverse = makeTransform<Similarity2d>(makeVector({nan, 0.5, 3, 4})).getInvParams();
+    EXPECT_TRUE(std::isnan(inverse(0)));
+    EXPECT_EQ(inverse(1), -0.5);
+    EXPECT_TRUE(std::isnan(inverse(2)));
+    EXPECT_TRUE(std::isnan(inverse(3)));
 }
 
 TEST(Similarity2d, TheIdentityParametersHaveScaleOne)

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
 #include <support/Transforms.h>
@@ -11,6 +14,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::drawParams;
 using test::drawPoint;
 using test::getEntries;
@@ -22,6 +26,7 @@ using Point = test::Transforms3d::Point;
 using Values = std::vector<double>;
 
 const std::string g_notInvertible = "Transformation cannot be inverted";
+const std::string g_lapackFailure = "LaPack repport an error during execution";
 
 TEST(Affine3d, FollowsTheFormulas)
 {
@@ -61,6 +66,48 @@ TEST(Affine3d, AZeroMatrixIsSaidToBeInvertibleAndRaisesOnInversion)
     test::expectMathRaises(g_notInvertible, [&] { affine.getInvParams(); });
     test::expectMathRaises(g_notInvertible, [&] { affine.getInvHomogenousMatrix(); });
     test::expectMathRaises(g_notInvertible, [&] { affine.createInverted(); });
+}
+
+TEST(Affine3d, AMatrixWithNaNIsSaidToBeInvertibleAndRaisesTheFailureOfLapackOnInversion)
+{
+    for (std::size_t i = 0; i < 9; ++i)
+    {
+        Vector params = Affine3d::getIdentityParams();
+        params(i) = std::numeric_limits<double>::quiet_NaN();
+        const Affine3d affine = makeTransform<Affine3d>(params);
+        EXPECT_TRUE(affine.isInvertible());
+        test::expectMathRaises(g_lapackFailure, [&] { affine.getInvParams(); });
+        test::expectMathRaises(g_lapackFailure, [&] { affine.getInvHomogenousMatrix(); });
+        test::expectMathRaises(g_lapackFailure, [&] { affine.createInverted(); });
+    }
+}
+
+TEST(Affine3d, InfinitiesThatCancelOutRaiseTheFailureOfLapackOnInversion)
+{
+    Vector params = Affine3d::getIdentityParams();
+    params(3) = 1; // takes the first row from the second
+    params(2) = std::numeric_limits<double>::infinity();
+    params(5) = std::numeric_limits<double>::infinity();
+    test::expectMathRaises(g_lapackFailure, [&] { makeTransform<Affine3d>(params).getInvParams(); });
+}
+
+TEST(Affine3d, ATranslationOfNaNIsInverted)
+{
+    Vector params = Affine3d::getIdentityParams();
+    params(9) = std::numeric_limits<double>::quiet_NaN();
+    const Values inverse = toStd(makeTransform<Affine3d>(params).getInvParams());
+    EXPECT_EQ(Values(inverse.begin(), inverse.begin() + 9), (Values{1, 0, 0, 0, 1, 0, 0, 0, 1}));
+    EXPECT_TRUE(std::isnan(inverse[9]));
+}
+
+TEST(Affine3d, TheStaticFormRaisesForNaNAndLeavesTheParametersUntouched)
+{
+    Values a{1, std::numeric_limits<double>::quiet_NaN(), 0, 0, 1, 0, 0, 0, 1, 2, 3, 4};
+    const auto before = bitsOf(a);
+    test::expectMathRaises(
+        g_lapackFailure,
+        [&] { Affine3d::getInvParams(a[0], a[1], a[2], a[3], a[4], a[5], a[6], a[7], a[8], a[9], a[10], a[11]); });
+    EXPECT_EQ(bitsOf(a), before);
 }
 
 TEST(Affine3d, TheStaticFormInvertsInPlaceInTheOrderOfTheParameters)

@@ -15,7 +15,7 @@ namespace transform
 using test::makeTransform;
 using test::makeVector;
 
-/// A user's transform that the factory does not know.
+/// A user's transform that the factory does not know; counts its inversions.
 class Mirror3d : public BaseGeometricTransform3d
 {
 public:
@@ -44,8 +44,16 @@ public:
     }
     Vector getInvParams() const override
     {
+        ++_nbInversions;
         return Vector();
     }
+    int getNbInversions() const
+    {
+        return _nbInversions;
+    }
+
+private:
+    mutable int _nbInversions = 0;
 };
 
 template <class T>
@@ -98,9 +106,11 @@ TEST(BaseGeometricTransform3d, IsInvertibleUnlessToldOtherwise)
     EXPECT_TRUE(Mirror3d().isInvertible());
 }
 
-TEST(BaseGeometricTransform3d, TheInverseOfATypeThatIsNotRegisteredRaises)
+TEST(BaseGeometricTransform3d, TheInverseOfATypeThatIsNotRegisteredRaisesBeforeItsParametersAreAskedFor)
 {
-    test::expectMathRaises("Geometric transformation 8 has not been registred", [] { Mirror3d().createInverted(); });
+    const Mirror3d mirror;
+    test::expectMathRaises("Geometric transformation 8 has not been registred", [&] { mirror.createInverted(); });
+    EXPECT_EQ(mirror.getNbInversions(), 0);
 }
 
 } // namespace transform

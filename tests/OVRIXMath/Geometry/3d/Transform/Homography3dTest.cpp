@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
 #include <support/Transforms.h>
@@ -11,6 +13,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::drawParams;
 using test::drawPoint;
 using test::getEntries;
@@ -22,6 +25,7 @@ using Point = test::Transforms3d::Point;
 using Values = std::vector<double>;
 
 const std::string g_notInvertible = "Transformation cannot be inverted";
+const std::string g_lapackFailure = "LaPack repport an error during execution";
 const Values g_identity{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
 TEST(Homography3d, FollowsTheFormula)
@@ -70,6 +74,57 @@ TEST(Homography3d, ThereIsNoThresholdOfInvertibility)
 {
     EXPECT_TRUE(Homography3d::isInvertible(1, 0, 0, 0, 0, 1e-300, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1));
     EXPECT_FALSE(Homography3d::isInvertible(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1));
+}
+
+TEST(Homography3d, TheStaticFormTellsInvertibilityInTheOrderOfTheParameters)
+{
+    EXPECT_TRUE(Homography3d::isInvertible(0, 2, 0, 0, 0, 0, 4, 0, 0, 0, 0, 8, 16, 0, 0, 0));
+    EXPECT_FALSE(Homography3d::isInvertible(1, 2, 3, 4, 2, 4, 6, 8, 1, 1, 1, 1, 0, 0, 0, 1));
+}
+
+TEST(Homography3d, AMatrixWithNaNRaisesTheFailureOfLapack)
+{
+    for (std::size_t i = 0; i < Homography3d::s_nbParams; ++i)
+    {
+        Vector params = Homography3d().getParams();
+        params(i) = std::numeric_limits<double>::quiet_NaN();
+        const Homography3d homography = makeTransform<Homography3d>(params);
+        test::expectMathRaises(g_lapackFailure, [&] { homography.isInvertible(); });
+        test::expectMathRaises(g_lapackFailure, [&] { homography.getInvParams(); });
+        test::expectMathRaises(g_lapackFailure, [&] { homography.getInvHomogenousMatrix(); });
+        test::expectMathRaises(g_lapackFailure, [&] { homography.createInverted(); });
+    }
+}
+
+TEST(Homography3d, InfinitiesThatCancelOutRaiseTheFailureOfLapack)
+{
+    Vector params = Homography3d().getParams();
+    params(4) = 1; // takes the first row from the second
+    params(3) = std::numeric_limits<double>::infinity();
+    params(7) = std::numeric_limits<double>::infinity();
+    const Homography3d homography = makeTransform<Homography3d>(params);
+    test::expectMathRaises(g_lapackFailure, [&] { homography.isInvertible(); });
+    test::expectMathRaises(g_lapackFailure, [&] { homography.getInvParams(); });
+}
+
+TEST(Homography3d, TheStaticFormsRaiseForNaNAndLeaveTheParametersUntouched)
+{
+    Values h = toStd(Homography3d().getParams());
+    h[1] = std::numeric_limits<double>::quiet_NaN();
+    const auto before = bitsOf(h);
+    test::expectMathRaises(g_lapackFailure,
+                           [&]
+                           {
+                               Homography3d::getInvParams(h[0], h[1], h[2], h[3], h[4], h[5], h[6], h[7], h[8], h[9],
+                                                          h[10], h[11], h[12], h[13], h[14], h[15]);
+                           });
+    test::expectMathRaises(g_lapackFailure,
+                           [&]
+                           {
+                               Homography3d::isInvertible(h[0], h[1], h[2], h[3], h[4], h[5], h[6], h[7], h[8], h[9],
+                                                          h[10], h[11], h[12], h[13], h[14], h[15]);
+                           });
+    EXPECT_EQ(bitsOf(h), before);
 }
 
 TEST(Homography3d, TheInverseIsNotNormalised)

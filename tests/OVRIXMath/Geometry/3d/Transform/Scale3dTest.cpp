@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/Transforms.h>
 
@@ -10,6 +13,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::getEntries;
 using test::makeTransform;
 using test::makeVector;
@@ -34,6 +38,17 @@ TEST(Scale3d, TheInverseParameterIsTheInverseScaleAndZeroForZero)
     EXPECT_EQ(toStd(makeTransform<Scale3d>(makeVector({4})).getInvParams()), Values{0.25});
     EXPECT_EQ(toStd(makeTransform<Scale3d>(makeVector({0})).getInvParams()), Values{0});
     EXPECT_EQ(toStd(makeTransform<Scale3d>(makeVector({0})).createInverted()->getParams()), Values{0});
+}
+
+TEST(Scale3d, TheInverseOfAScaleOfMinusZeroIsPlusZero)
+{
+    EXPECT_EQ(bitsOf(makeTransform<Scale3d>(makeVector({-0.0})).getInvParams()), bitsOf(Values{0}));
+}
+
+TEST(Scale3d, TheInverseOfAScaleThatIsNotANumberIsNotANumber)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_TRUE(std::isnan(makeTransform<Scale3d>(makeVector({nan})).getInvParams()(0)));
 }
 
 TEST(Scale3d, BothMatricesAreThatOfTheTransform)

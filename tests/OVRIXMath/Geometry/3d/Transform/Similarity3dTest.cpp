@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/Transforms.h>
 
@@ -11,6 +13,7 @@ namespace math
 namespace transform
 {
 
+using test::bitsOf;
 using test::drawParams;
 using test::drawPoint;
 using test::getEntries;
@@ -59,8 +62,25 @@ TEST(Similarity3d, TheInverseKeepsTheScaleAndDividesTheTranslationByIt)
 
 TEST(Similarity3d, TheInverseOfScaleZeroHasNoTranslation)
 {
-    const Similarity3d similarity = makeTransform<Similarity3d>(makeVector({0, 0, 0, 0, 4, 6, 8}));
-    EXPECT_EQ(toStd(similarity.getInvParams()), (Values{0, 0, 0, 0, 0, 0, 0}));
+    for (const double zero : {0.0, -0.0})
+    {
+        const Similarity3d similarity = makeTransform<Similarity3d>(makeVector({zero, 0, 0, 0, 4, 6, 8}));
+        EXPECT_EQ(toStd(similarity.getInvParams()), (Values{0, 0, 0, 0, 0, 0, 0}));
+        EXPECT_EQ(bitsOf(similarity.getInvParams()(0)), bitsOf(zero));
+        EXPECT_EQ(toStd(similarity.createInverted()->getParams()), (Values{0, 0, 0, 0, 0, 0, 0}));
+    }
+}
+
+TEST(Similarity3d, TheInverseKeepsAScaleThatIsNotANumberToTheBit)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const Vector inverse = makeTransform<Similarity3d>(makeVector({nan, 0, 0.5, 0, 4, 6, 8})).getInvParams();
+    EXPECT_EQ(bitsOf(inverse(0)), bitsOf(nan));
+    EXPECT_EQ(inverse(1), 0.0);
+    EXPECT_NEAR(inverse(2), -0.5, 1e-15);
+    EXPECT_EQ(inverse(3), 0.0);
+    for (std::size_t i = 4; i < 7; ++i)
+        EXPECT_TRUE(std::isnan(inverse(i)));
 }
 
 TEST(Similarity3d, TheInverseOfAGimbalRotationHasNoAngleAboutZ)

@@ -1,0 +1,84 @@
+#include <OVRIXMath/Clustering/Kernel/LinearKernel.h>
+#include <OVRIXMath/Clustering/Kernel/PolynomialKernel.h>
+#include <OVRIXMath/Clustering/Kernel/RadialBasisKernel.h>
+#include <OVRIXMath/Clustering/Kernel/SigmoidKernel.h>
+#include <OVRIXMath/Clustering/KernelSamples.h>
+#include <OVRIXMath/Clustering/RowSums.h>
+
+#include <algorithm>
+
+namespace ovrix
+{
+namespace math
+{
+namespace clustering
+{
+namespace details
+{
+
+template <class KernelType>
+KernelSamples<KernelType>::KernelSamples(const KernelType& kernel, const VectorColl& data, std::size_t nbKeptValues)
+    : _kernel(kernel), _data(data), _rows(data.size()), _nbRowsLeft(data.empty() ? 0 : nbKeptValues / data.size())
+{
+    const std::size_t dimension = data.empty() ? 0 : data.front().size();
+    _columns.resize(data.size() * dimension);
+    _selfValues.reserve(data.size());
+    for (std::size_t i = 0; i < data.size(); ++i)
+    {
+        const double* const sample = data[i].data().begin();
+        for (std::size_t j = 0; j < dimension; ++j)
+            _columns[j * data.size() + i] = sample[j];
+        _selfValues.push_back(kernel(data[i]));
+    }
+}
+
+template <class KernelType>
+void KernelSamples<KernelType>::computeRow(const Vector& x, std::size_t begin, std::size_t end, double* values) const
+{
+    // Samples whose sums stay in the first cache while the columns pass by.
+    constexpr std::size_t tileSize = 512;
+    for (std::size_t first = begin; first < end; first += tileSize)
+    {
+        const std::size_t size = std::min(tileSize, end - first);
+        double* const sums = values + (first - begin);
+        std::fill_n(sums, size, 0.0);
+        addRows<typename KernelType::Term>(sums, size, x.data().begin(), x.size(),
+                                           EquidistantRows{_columns.data() + first, _data.size()});
+        _kernel.evaluateSums(sums, size);
+    }
+}
+
+template <class KernelType>
+const double* KernelSamples<KernelType>::keepRow(std::size_t i)
+{
+    if (!_rows[i] && _nbRowsLeft > 0)
+    {
+        --_nbRowsLeft;
+        _rows[i].reset(new double[size()]);
+        computeRow(_data[i], 0, size(), _rows[i].get());
+    }
+    return findRow(i);
+}
+
+template <class KernelType>
+void KernelSamples<KernelType>::keepOnly(const std::vector<bool>& bWanted)
+{
+    for (std::size_t i = 0; i < size(); ++i)
+    {
+        if (_rows[i] && !bWanted[i])
+        {
+            _rows[i].reset();
+            ++_nbRowsLeft;
+        }
+    }
+}
+
+template class KernelSamples<LinearKernel>;
+template class KernelSamples<PolynomialKernel>;
+template class KernelSamples<RadialBasisKernel>;
+template class KernelSamples<SigmoidKernel>;
+
+} // namespace details
+} // namespace clustering
+} // namespace math
+} // namespace ovrix

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <OVRIXMath/Export.h>
+#include <OVRIXMath/Types.h>
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace ovrix
+{
+namespace math
+{
+namespace clustering
+{
+namespace details
+{
+
+/// The kernel values between the samples of a collection, laid out for speed.
+///
+/// The coordinates stand in columns, so that a row of kernel values takes many samples at a time. Rows can be kept: what
+/// comes back to the same samples, such as the members of dictionaries over many iterations, evaluates the kernel for
+/// them once.
+template <class KernelType>
+class OVRIXMATH_EXPORT KernelSamples
+{
+public:
+    /// @param data samples of one size, which must outlive the object
+    /// @param nbKeptValues how many kernel values may be kept
+    KernelSamples(const KernelType& kernel, const VectorColl& data, std::size_t nbKeptValues = 0);
+
+    std::size_t size() const
+    {
+        return _data.size();
+    }
+
+    const VectorColl& getData() const
+    {
+        return _data;
+    }
+
+    double getSelfValue(std::size_t i) const
+    {
+        return _selfValues[i];
+    }
+
+    /// k(x_i, x_j)
+    double getValue(std::size_t i, std::size_t j) const
+    {
+        return _kernel(_data[i], _data[j]);
+    }
+
+    /// k(x, x_i) for the samples i of [begin, end[
+    void computeRow(const Vector& x, std::size_t begin, std::size_t end, double* values) const;
+
+    /// The kept values k(x_i, x_j) for all j; null when they are not kept.
+    const double* findRow(std::size_t i) const
+    {
+        return _rows[i].get();
+    }
+
+    /// The same, computed and kept if there is room.
+    const double* keepRow(std::size_t i);
+
+    /// Whether there is no room for a further row.
+    bool isFull() const
+    {
+        return _nbRowsLeft == 0;
+    }
+
+    /// Forgets the rows of all samples that are not wanted.
+    void keepOnly(const std::vector<bool>& bWanted);
+
+private:
+    const KernelType& _kernel;
+    const VectorColl& _data;
+    std::vector<double> _columns;
+    std::vector<double> _selfValues;
+    std::vector<std::unique_ptr<double[]>> _rows;
+    std::size_t _nbRowsLeft;
+};
+
+} // namespace details
+} // namespace clustering
+} // namespace math
+} // namespace ovrix

@@ -1,0 +1,12 @@
+# The plain clusterings are those of the tests.
+target_include_directories(${program} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+find_package(GTest REQUIRED)
+target_link_libraries(${program} PRIVATE GTest::gtest)
+
+find_package(dlib QUIET)
+if(dlib_FOUND)
+    target_sources(${program} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/DlibKernelPeer.cpp")
+    target_link_libraries(${program} PRIVATE dlib::dlib)
+else()
+    message(STATUS "Benchmarks of clustering: dlib not found, no comparison with it")
+endif()

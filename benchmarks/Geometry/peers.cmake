@@ -1,0 +1,17 @@
+# A peer whose library is not found is left out.
+find_package(Eigen3 QUIET)
+if(Eigen3_FOUND)
+    target_sources(${program} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/EigenPeer.cpp")
+    target_link_libraries(${program} PRIVATE Eigen3::Eigen)
+else()
+    message(STATUS "Benchmarks of transforms: Eigen3 not found, no comparison with it")
+endif()
+
+find_package(OpenCV QUIET COMPONENTS core)
+if(OpenCV_FOUND)
+    target_sources(${program} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/OpenCvPeer.cpp")
+    target_include_directories(${program} SYSTEM PRIVATE ${OpenCV_INCLUDE_DIRS})
+    target_link_libraries(${program} PRIVATE ${OpenCV_LIBS})
+else()
+    message(STATUS "Benchmarks of transforms: OpenCV not found, no comparison with it")
+endif()

@@ -1,0 +1,121 @@
+#include <OVRIXMath/Clustering/KernelSamples.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <support/Bits.h>
+#include <support/Kernels.h>
+#include <support/RandomData.h>
+
+namespace ovrix
+{
+namespace math
+{
+namespace clustering
+{
+namespace details
+{
+
+template <class KernelType>
+class KernelSamplesTest : public testing::Test
+{
+protected:
+    static VectorColl makeData(std::size_t nbData, std::size_t dimension)
+    {
+        return test::RandomData(2).dataSet(nbData, dimension, -1.0, 1.0);
+    }
+
+    /// Expects the values k(x, x_i) for the i of [begin, end[.
+    void expectRow(const Vector& x, const VectorColl& data, std::size_t begin, std::size_t end,
+                   const double* values) const
+    {
+        for (std::size_t i = begin; i < end; ++i)
+            ASSERT_EQ(test::bitsOf(values[i - begin]), test::bitsOf(kernel(x, data[i]))) << i;
+    }
+
+    const KernelType kernel = test::makeKernel<KernelType>();
+};
+
+TYPED_TEST_SUITE(KernelSamplesTest, test::Kernels, test::KernelNames);
+
+TYPED_TEST(KernelSamplesTest, RowsAreTheKernelValuesToTheBit)
+{
+    for (const std::size_t nbData : {1u, 2u, 3u, 4u, 7u, 511u, 512u, 513u, 1030u})
+    {
+        for (const std::size_t dimension : {1u, 2u, 3u, 4u, 5u, 8u, 13u})
+        {
+            const VectorColl data = this->makeData(nbData, dimension);
+            const KernelSamples<TypeParam> samples(this->kernel, data);
+            const Vector x = test::RandomData(3).vector(dimension, -1.0, 1.0);
+            std::vector<double> values(nbData);
+            samples.computeRow(x, 0, nbData, values.data());
+            this->expectRow(x, data, 0, nbData, values.data());
+        }
+    }
+}
+
+TYPED_TEST(KernelSamplesTest, PartsOfRowsLeaveTheRestAlone)
+{
+    const VectorColl data = this->makeData(600, 3);
+    const KernelSamples<TypeParam> samples(this->kernel, data);
+    for (const auto& range : {std::make_pair(0u, 0u), std::make_pair(5u, 6u), std::make_pair(3u, 590u)})
+    {
+        std::vector<double> values(range.second - range.first + 1, 7.0);
+        samples.computeRow(data[4], range.first, range.second, values.data());
+        this->expectRow(data[4], data, range.first, range.second, values.data());
+        EXPECT_EQ(values.back(), 7.0);
+    }
+}
+
+TYPED_TEST(KernelSamplesTest, SingleValuesAreThoseOfTheKernel)
+{
+    const VectorColl data = this->makeData(5, 3);
+    const KernelSamples<TypeParam> samples(this->kernel, data);
+    EXPECT_EQ(samples.size(), 5u);
+    EXPECT_EQ(samples.getValue(1, 4), this->kernel(data[1], data[4]));
+    EXPECT_EQ(samples.getSelfValue(2), this->kernel(data[2]));
+}
+
+TYPED_TEST(KernelSamplesTest, KeepsAsManyRowsAsThereIsRoom)
+{
+    const VectorColl data = this->makeData(10, 2);
+    KernelSamples<TypeParam> samples(this->kernel, data, 29);
+    EXPECT_EQ(samples.findRow(3), nullptr);
+    const double* const row = samples.keepRow(3);
+    ASSERT_NE(row, nullptr);
+    this->expectRow(data[3], data, 0, 10, row);
+    EXPECT_FALSE(samples.isFull());
+    EXPECT_NE(samples.keepRow(4), nullptr);
+    EXPECT_TRUE(samples.isFull());
+    EXPECT_EQ(samples.keepRow(5), nullptr);
+    EXPECT_EQ(samples.keepRow(3), row);
+    EXPECT_EQ(samples.findRow(3), row);
+}
+
+TYPED_TEST(KernelSamplesTest, MakesRoomByForgettingRows)
+{
+    const VectorColl data = this->makeData(10, 2);
+    KernelSamples<TypeParam> samples(this->kernel, data, 20);
+    const double* const row = samples.keepRow(3);
+    samples.keepRow(4);
+    std::vector<bool> bWanted(10, false);
+    bWanted[3] = true;
+    samples.keepOnly(bWanted);
+    EXPECT_EQ(samples.findRow(3), row);
+    EXPECT_EQ(samples.findRow(4), nullptr);
+    EXPECT_NE(samples.keepRow(5), nullptr);
+    EXPECT_TRUE(samples.isFull());
+}
+
+TYPED_TEST(KernelSamplesTest, OfNothingHasNoRoom)
+{
+    const VectorColl data;
+    const KernelSamples<TypeParam> samples(this->kernel, data, 100);
+    EXPECT_EQ(samples.size(), 0u);
+    EXPECT_TRUE(samples.isFull());
+}
+
+} // namespace details
+} // namespace clustering
+} // namespace math
+} // namespace ovrix

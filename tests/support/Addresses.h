@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <set>
+
+namespace ovrix
+{
+namespace test
+{
+
+/// Addresses of functions of any type. A function that its library does not export has none: the test program is not
+/// linked then.
+class Addresses
+{
+public:
+    template <class Result, class... Arguments>
+    void add(Result (*pFunction)(Arguments...))
+    {
+        _addresses.insert(reinterpret_cast<Function>(pFunction));
+    }
+
+    /// Number of different functions.
+    std::size_t size() const
+    {
+        return _addresses.size();
+    }
+
+private:
+    using Function = void (*)();
+
+    std::set<Function> _addresses;
+};
+
+/// A list of types to take the instances of a template for.
+template <class... Types>
+struct TypeList
+{
+};
+
+} // namespace test
+} // namespace ovrix

@@ -1,0 +1,159 @@
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <orientations/CoulombEnergy.h>
+#include <orientations/TableText.h>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+
+namespace ovrix
+{
+namespace orientations
+{
+
+namespace
+{
+
+std::string readFile(const std::string& path)
+{
+    std::ifstream file(path);
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+void expectRefusal(const std::string& text, const std::string& reason)
+{
+    std::istringstream stream(text);
+    try
+    {
+        readTables(stream);
+        ADD_FAILURE() << text << " was read";
+    }
+    catch (const std::runtime_error& error)
+    {
+        EXPECT_EQ(error.what(), reason);
+    }
+}
+
+} // namespace
+
+TEST(CutDigits, CutsAfterTwelveSignificantDigits)
+{
+    EXPECT_EQ(cutDigits(3.141592653589793), "3.14159265358");
+    EXPECT_EQ(cutDigits(6.283185307179586), "6.28318530717");
+    EXPECT_EQ(cutDigits(0.999999999999999), "0.999999999999");
+    EXPECT_EQ(cutDigits(0.012345678901299), "0.0123456789012");
+}
+
+TEST(CutDigits, LeavesZerosAtTheEndOut)
+{
+    EXPECT_EQ(cutDigits(0.0), "0");
+    EXPECT_EQ(cutDigits(2.0), "2");
+    EXPECT_EQ(cutDigits(1.5), "1.5");
+    EXPECT_EQ(cutDigits(1.25000000000099), "1.25");
+}
+
+TEST(CutDigits, HasNoExponent)
+{
+    EXPECT_EQ(cutDigits(1.97524867412345e-5), "0.0000197524867412");
+    EXPECT_EQ(cutDigits(2e-7), "0.0000002");
+}
+
+TEST(CutDigits, KeepsWhatHasNoMoreDigits)
+{
+    for (const char* const decimals : {"1.74373774699", "0.637118861508", "4.2895380567", "0.000193600860906"})
+        EXPECT_EQ(cutDigits(std::stod(decimals)), decimals);
+}
+
+TEST(TableText, WritesWhatItHasRead)
+{
+    const std::string text = "N 1\n0 0\nN 3\n0 0\n0 2.09439510239\n3.14159265358 2.09439510239\n";
+    std::istringstream input(text);
+    const Tables tables = readTables(input);
+    ASSERT_EQ(tables.size(), 2u);
+    EXPECT_EQ(tables.at(3)[2].phi, 3.14159265358);
+    EXPECT_EQ(tables.at(3)[2].theta, 2.09439510239);
+    std::ostringstream output;
+    writeTables(tables, output);
+    EXPECT_EQ(output.str(), text);
+}
+
+TEST(TableText, RefusesWhatIsNoTable)
+{
+    expectRefusal("1 2\n", "a set of directions should begin with N and its number of points");
+    expectRefusal("N x\n", "a set of directions should begin with N and its number of points");
+    expectRefusal("N 2\n0 0\n1", "the set of 2 directions is not complete");
+    expectRefusal("N 2\n0 0\nN 1\n0 0\n", "the set of 2 directions is not complete");
+    expectRefusal("N 1\n0 0\nN 1\n0 0\n", "there are two sets of 1 directions");
+    expectRefusal("N 1\n-0.5 0\n", "an angle of the set of 1 directions is not in [0, 10)");
+    expectRefusal("N 1\n0 12.5\n", "an angle of the set of 1 directions is not in [0, 10)");
+}
+
+TEST(TableText, TellsWhichFileCannotBeRead)
+{
+    try
+    {
+        readTables(std::string("no/such/tables.txt"));
+        ADD_FAILURE();
+    }
+    catch (const std::runtime_error& error)
+    {
+        EXPECT_EQ(std::string(error.what()), "no/such/tables.txt can't be read");
+    }
+}
+
+TEST(TableText, TellsWhichFileCannotBeWritten)
+{
+    try
+    {
+        writeTables(Tables(), std::string("no/such/tables.txt"));
+        ADD_FAILURE();
+    }
+    catch (const std::runtime_error& error)
+    {
+        EXPECT_EQ(std::string(error.what()), "no/such/tables.txt can't be written");
+    }
+}
+
+TEST(TableText, ReplacesAFileAsAWhole)
+{
+    const std::string path = OVRIX_TEST_OUTPUT_DIR "/tables_replaced.txt";
+    writeTables({{1, {{0.0, 0.0}}}}, path);
+    writeTables({{1, {{1.0, 2.0}}}}, path);
+    EXPECT_EQ(readFile(path), "N 1\n1 2\n");
+    EXPECT_FALSE(std::filesystem::exists(path + ".new"));
+}
+
+TEST(MakeTable, KeepsTheArrangementAndSortsItByTheta)
+{
+    Generator generator(1);
+    const PointSet points = drawPoints(30, generator);
+    const Records table = makeTable(points, generator);
+    EXPECT_NEAR(static_cast<double>(computeExactEnergy(table)),
+                static_cast<double>(computeExactEnergy(toRecords(points))), 1e-7);
+    for (std::size_t i = 0; i < table.size(); ++i)
+    {
+        EXPECT_EQ(std::stod(cutDigits(table[i].phi)), table[i].phi);
+        EXPECT_EQ(std::stod(cutDigits(table[i].theta)), table[i].theta);
+        EXPECT_LE(table[i].phi, g_maxPhi);
+        if (i > 0)
+        {
+            EXPECT_LE(table[i - 1].theta, table[i].theta);
+        }
+    }
+}
+
+TEST(TablesOfTheProject, AreWrittenTheWayTheToolWritesThem)
+{
+    const std::string path = OVRIX_SOURCE_DIR "/tools/orientations/tables.txt";
+    std::ostringstream rewritten;
+    writeTables(readTables(path), rewritten);
+    EXPECT_TRUE(rewritten.str() == readFile(path));
+}
+
+} // namespace orientations
+} // namespace ovrix

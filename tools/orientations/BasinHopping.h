@@ -1,0 +1,52 @@
+#pragma once
+
+#include "Minimiser.h"
+#include "Moves.h"
+#include "PointSet.h"
+
+#include <cstddef>
+
+namespace ovrix
+{
+namespace orientations
+{
+
+/// Searches the set of points of lowest energy by hops between local minima: Wales and Doye, Global optimization by
+/// basin-hopping, Journal of Physical Chemistry A 101 (1997).
+///
+/// A hop moves the points at random (see Moves.h), goes down to the next local minimum, and stays there when that is
+/// lower, or higher by less than a random threshold. After a hundred hops without a new lowest energy the search goes
+/// back to the best set.
+class BasinHopping
+{
+public:
+    /// Starts from the minimum next to the points.
+    BasinHopping(const PointSet& start, Generator& generator);
+
+    /// @return whether the hop has found a lower energy than all before
+    bool hop();
+
+    /// The best set so far, fully converged.
+    const PointSet& getBest() const
+    {
+        return _best;
+    }
+
+    double getBestEnergy() const
+    {
+        return _bestEnergy;
+    }
+
+private:
+    Generator& _generator;
+    Minimiser _minimiser;
+    PointSet _best;
+    double _bestEnergy = 0.0;
+    PointSet _current;
+    double _currentEnergy = 0.0;
+    PointSet _candidate;
+    std::size_t _nbHopsSinceBest = 0;
+};
+
+} // namespace orientations
+} // namespace ovrix

@@ -1,0 +1,155 @@
+#include "Evenness.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+
+namespace ovrix
+{
+namespace orientations
+{
+
+namespace
+{
+
+using Vector3 = std::array<double, 3>;
+
+constexpr double g_pi = 3.141592653589793;
+
+Vector3 getPoint(const PointSet& points, std::size_t i)
+{
+    return {points.x()[i], points.y()[i], points.z()[i]};
+}
+
+double dot(const Vector3& a, const Vector3& b)
+{
+    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
+}
+
+Vector3 cross(const Vector3& a, const Vector3& b)
+{
+    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
+}
+
+Vector3 combine(double a, const Vector3& x, double b, const Vector3& y)
+{
+    return {a * x[0] + b * y[0], a * x[1] + b * y[1], a * x[2] + b * y[2]};
+}
+
+Vector3 normalised(const Vector3& v)
+{
+    const double length = std::sqrt(dot(v, v));
+    return {v[0] / length, v[1] / length, v[2] / length};
+}
+
+/// The arc of places that are as near to one point as to another, and no nearer to any third.
+class Edge
+{
+public:
+    /// All places that are as near to p as to q: a great circle.
+    Edge(const Vector3& p, const Vector3& q) : _p(p)
+    {
+        // Any vector that is not along the axis gives a first direction of the circle.
+        const Vector3 axis = normalised(combine(1.0, p, -1.0, q));
+        const std::size_t smallest = static_cast<std::size_t>(
+            std::min_element(axis.begin(), axis.end(), [](double a, double b) { return std::abs(a) < std::abs(b); }) -
+            axis.begin());
+        Vector3 other{};
+        other[smallest] = 1.0;
+        _u = normalised(cross(axis, other));
+        _v = cross(axis, _u);
+    }
+
+    /// Leaves out the places that are nearer to a third point: half of the circle goes.
+    void cutAt(const Vector3& third)
+    {
+        const Vector3 toThird = combine(1.0, third, -1.0, _p);
+        const double middle = std::atan2(-dot(_v, toThird), -dot(_u, toThird)); // of the half that stays
+        if (!_bCut)
+        {
+            _bCut = true;
+            _origin = middle;
+            return;
+        }
+        const double offset = std::remainder(middle - _origin, 2.0 * g_pi);
+        _begin = std::max(_begin, offset - 0.5 * g_pi);
+        _end = std::min(_end, offset + 0.5 * g_pi);
+    }
+
+    bool isEmpty() const
+    {
+        return _begin >= _end;
+    }
+
+    /// The larger of the angles from the point to the two ends of the arc.
+    double getLargestAngle() const
+    {
+        return std::max(getAngle(_begin), getAngle(_end));
+    }
+
+private:
+    double getAngle(double offset) const
+    {
+        const Vector3 place = combine(std::cos(_origin + offset), _u, std::sin(_origin + offset), _v);
+        return std::acos(std::clamp(dot(place, _p), -1.0, 1.0));
+    }
+
+    Vector3 _p;
+    Vector3 _u;
+    Vector3 _v;
+    bool _bCut = false;
+    double _origin = 0.0;
+    double _begin = -0.5 * g_pi;
+    double _end = 0.5 * g_pi;
+};
+
+} // namespace
+
+SphereDivision divideSphere(const PointSet& points)
+{
+    SphereDivision division;
+    double closest = -1.0;
+    std::vector<std::size_t> order(points.size());
+    std::iota(order.begin(), order.end(), 0);
+    for (std::size_t i = 0; i < points.size(); ++i)
+    {
+        const Vector3 p = getPoint(points, i);
+        const auto isNearer = [&](std::size_t a, std::size_t b)
+        { return dot(p, getPoint(points, a)) > dot(p, getPoint(points, b)); };
+        std::sort(order.begin(), order.end(), isNearer); // most edges vanish at the first few cuts then
+        for (std::size_t j = i + 1; j < points.size(); ++j)
+        {
+            const Vector3 q = getPoint(points, j);
+            closest = std::max(closest, dot(p, q));
+            Edge edge(p, q);
+            for (std::size_t k = 0; k < order.size() && !edge.isEmpty(); ++k)
+                if (order[k] != i && order[k] != j)
+                    edge.cutAt(getPoint(points, order[k]));
+            if (edge.isEmpty())
+                continue;
+            division.neighbours.emplace_back(i, j);
+            division.largestHole = std::max(division.largestHole, edge.getLargestAngle());
+        }
+    }
+    division.smallestAngle = std::acos(closest);
+    return division;
+}
+
+PointSet makeFibonacciSpiral(std::size_t nbPoints)
+{
+    const double goldenAngle = g_pi * (3.0 - std::sqrt(5.0));
+    PointSet points(nbPoints);
+    for (std::size_t i = 0; i < nbPoints; ++i)
+    {
+        const double z = 1.0 - (2.0 * static_cast<double>(i) + 1.0) / static_cast<double>(nbPoints);
+        const double radius = std::sqrt(1.0 - z * z);
+        points.x()[i] = radius * std::cos(goldenAngle * static_cast<double>(i));
+        points.y()[i] = radius * std::sin(goldenAngle * static_cast<double>(i));
+        points.z()[i] = z;
+    }
+    return points;
+}
+
+} // namespace orientations
+} // namespace ovrix
