@@ -9,8 +9,6 @@ namespace details
 
 void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version)
 {
-    if (archive.isClassVersionRegistred(className))
-        return;
     const ArchiveSectionManager section(archive, className);
     archive << makeOItem("version", version);
     archive.registerClassVersion(className, version);
@@ -18,8 +16,6 @@ void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt
 
 ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 version)
 {
-    if (archive.isClassVersionRegistred(className))
-        return archive.getRegisterClassVersion(className);
     const ArchiveSectionManager section(archive, className);
     ovUInt32 archiveVersion = 0;
     archive >> makeIItem("version", archiveVersion);

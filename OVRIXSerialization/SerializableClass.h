@@ -42,10 +42,10 @@ namespace ovrix
 namespace details
 {
 
-/// Writes the section that holds a class's version, unless the archive has it already.
+/// Writes the section that holds a class's version, which the archive does not have yet.
 OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version);
 
-/// Reads the section that holds a class's version, unless the archive has been asked for it already.
+/// Reads the section that holds a class's version, which the archive has not been asked for yet.
 ///
 /// @return the archive's version
 /// @throws OVRIXSerializationException when it is newer than `version`
@@ -217,8 +217,10 @@ BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const
     BoolResult result = Base::write(archive);
     if (!result)
         return result;
+    constexpr std::string_view className = SerializableAccess::className<Derived>();
     constexpr ovUInt32 version = SerializableAccess::classVersion<Derived>();
-    details::writeClassVersion(archive, SerializableAccess::className<Derived>(), version);
+    if (!archive.isClassVersionRegistred(className))
+        details::writeClassVersion(archive, className, version);
     details::ItemWriter items(archive, version);
     SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
     return true;
@@ -230,8 +232,11 @@ BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
     BoolResult result = Base::read(archive);
     if (!result)
         return result;
-    const ovUInt32 version = details::readClassVersion(archive, SerializableAccess::className<Derived>(),
-                                                       SerializableAccess::classVersion<Derived>());
+    constexpr std::string_view className = SerializableAccess::className<Derived>();
+    const ovUInt32* const pVersion = archive.findClassVersion(className);
+    const ovUInt32 version =
+        pVersion ? *pVersion
+                 : details::readClassVersion(archive, className, SerializableAccess::classVersion<Derived>());
     details::ItemReader items(archive, version);
     SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
     SerializableAccess::finishRead(static_cast<Derived&>(*this), archive);
