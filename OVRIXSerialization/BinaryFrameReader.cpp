@@ -64,7 +64,7 @@ void BinaryFrameReader::read(void* pData, std::size_t size)
         const std::size_t nbRead = _stream.read(p, frameSize);
         OVRIXSERIALIZATION_RAISE_UNLESS(nbRead == frameSize, 4, "more of a frame", _archive.getSectionPath());
         check(header, p);
-        _frameOffset += frameSize;
+        _endOffset += frameSize;
         p += frameSize;
         size -= frameSize;
     }
@@ -134,9 +134,9 @@ void BinaryFrameReader::check(const Header& header, const char* pContent)
 
 void BinaryFrameReader::beginFrame(std::size_t size)
 {
-    _frameOffset += _frameSize;
-    _frameSize = size;
-    _position = 0;
+    _pNext = _pFrame.get();
+    _pFrameEnd = _pNext + size;
+    _endOffset += size;
 }
 
 } // namespace details

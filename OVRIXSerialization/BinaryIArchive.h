@@ -52,7 +52,7 @@ protected:
 private:
     class Decoder;
 
-    void processOpenSection(std::string_view name) override;
+    std::string_view processOpenSection(std::string_view name) override;
     void processCloseSection() override;
 
     /// Consumes tag and name of an item, which must be those given.

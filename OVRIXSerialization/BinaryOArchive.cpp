@@ -2,13 +2,11 @@
 #include <OVRIXSerialization/BinaryForm.h>
 #include <OVRIXSerialization/BinaryFrameWriter.h>
 #include <OVRIXSerialization/BinaryOArchive.h>
+#include <OVRIXSerialization/NameIndex.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <cstdint>
 #include <cstring>
-#include <deque>
-#include <string>
-#include <unordered_map>
 #include <utility>
 
 namespace ovrix
@@ -33,6 +31,12 @@ public:
     void writeHead(eArchiveEntry type, std::string_view name)
     {
         _frames.commit(reserveEntry(type, name, 0));
+    }
+
+    /// The name that was written last; stays where it is.
+    std::string_view getLastName() const
+    {
+        return _names.getName(_lastName);
     }
 
     /// Writes a tag and nothing else.
@@ -64,32 +68,32 @@ private:
     /// Stores tag and name; the room behind them holds `valueSize` bytes.
     char* reserveEntry(eArchiveEntry type, std::string_view name, std::size_t valueSize)
     {
-        const auto found = _nameNumbers.find(name);
-        if (found == _nameNumbers.end())
+        _lastName = _names.find(name);
+        if (_lastName == 0)
         {
-            details::checkNameSize(name.size(), _archive);
-            writeTag(type);
-            addName(name);
+            writeNewName(type, name);
             return _frames.reserve(valueSize);
         }
         char* p = _frames.reserve(1 + details::g_maxVarintSize + valueSize);
         *p++ = details::getTag(type);
-        return details::storeVarint(p, found->second);
+        return details::storeVarint(p, _lastName);
     }
 
-    /// Writes a new name behind the number 0.
-    void addName(std::string_view name)
+    /// Writes tag and name; a name that is new stands behind the number 0.
+    void writeNewName(eArchiveEntry type, std::string_view name)
     {
-        _frames.commit(details::storeVarint(_frames.reserve(details::g_maxVarintSize), 0));
+        details::checkNameSize(name.size(), _archive);
+        char* p = _frames.reserve(2);
+        *p++ = details::getTag(type);
+        _frames.commit(details::storeVarint(p, 0));
         writeBytes(name.data(), name.size());
-        _names.emplace_back(name);
-        _nameNumbers.emplace(_names.back(), _names.size());
+        _lastName = _names.add(name);
     }
 
     details::BinaryFrameWriter _frames;
     const BaseArchive& _archive;
-    std::deque<std::string> _names;
-    std::unordered_map<std::string_view, std::uint64_t> _nameNumbers;
+    details::NameIndex _names;
+    std::size_t _lastName = 0;
 };
 
 BinaryOArchive::BinaryOArchive(std::ostream& stream) : BaseOArchive(false), _pEncoder(new Encoder(stream, *this)) {}
@@ -161,9 +165,10 @@ void BinaryOArchive::close()
     _pEncoder.reset();
 }
 
-void BinaryOArchive::processOpenSection(std::string_view name)
+std::string_view BinaryOArchive::processOpenSection(std::string_view name)
 {
     getEncoder().writeHead(eAE_Section, name);
+    return getEncoder().getLastName();
 }
 
 void BinaryOArchive::processCloseSection()

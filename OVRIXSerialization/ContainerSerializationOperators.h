@@ -166,9 +166,16 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::ve
             const std::size_t size = details::readContainerSize(archive);
             for (std::size_t i = 0; i < size; ++i)
             {
-                T value{};
-                archive >> makeIItem("value", value);
-                values.push_back(std::move(value));
+                if constexpr (std::is_same<T, bool>::value)
+                {
+                    bool value = false;
+                    archive >> makeIItem("value", value);
+                    values.push_back(value);
+                }
+                else
+                {
+                    archive >> makeIItem("value", values.emplace_back());
+                }
             }
         }
     }

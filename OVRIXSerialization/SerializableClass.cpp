@@ -9,8 +9,6 @@ namespace details
 
 void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 (*getVersion)())
 {
-    if (archive.isClassVersionRegistred(className))
-        return;
     const ArchiveSectionManager section(archive, className);
     const ovUInt32 version = getVersion();
     archive << makeOItem("version", version);
@@ -19,8 +17,6 @@ void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt
 
 ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 (*getVersion)())
 {
-    if (archive.isClassVersionRegistred(className))
-        return archive.getRegisterClassVersion(className);
     const ArchiveSectionManager section(archive, className);
     ovUInt32 archiveVersion = 0;
     archive >> makeIItem("version", archiveVersion);

@@ -44,13 +44,13 @@ namespace ovrix
 namespace details
 {
 
-/// Writes the section that holds a class's version, unless the archive has it already.
+/// Writes the section that holds a class's version, which the archive does not have yet.
 ///
 /// @param getVersion of the class; it takes a lock, and is called when the version is written only
 OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::string_view className,
                                                  ovUInt32 (*getVersion)());
 
-/// Reads the section that holds a class's version, unless the archive has been asked for it already.
+/// Reads the section that holds a class's version, which the archive has not been asked for yet.
 ///
 /// @return the archive's version
 /// @throws OVRIXSerializationException when it is newer than that of the class
@@ -293,7 +293,9 @@ BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const
     if (!result)
         return result;
     static_cast<void>(s_bMutexesMade);
-    details::writeClassVersion(archive, SerializableAccess::className<Derived>(), getVersion);
+    constexpr std::string_view className = SerializableAccess::className<Derived>();
+    if (!archive.isClassVersionRegistred(className))
+        details::writeClassVersion(archive, className, getVersion);
     details::ItemWriter items(archive, SerializableAccess::classVersion<Derived>());
     SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
     return true;
@@ -311,8 +313,10 @@ BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
             SerializableAccess::cancelRead(object);
             return result;
         }
-        details::ItemReader items(
-            archive, details::readClassVersion(archive, SerializableAccess::className<Derived>(), getVersion));
+        constexpr std::string_view className = SerializableAccess::className<Derived>();
+        const ovUInt32* const pVersion = archive.findClassVersion(className);
+        details::ItemReader items(archive,
+                                  pVersion ? *pVersion : details::readClassVersion(archive, className, getVersion));
         SerializableAccess::describeItems<Derived>(items, object);
         SerializableAccess::finishRead(object, archive);
         return true;

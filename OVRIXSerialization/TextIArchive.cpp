@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <deque>
 #include <iterator>
 
 namespace ovrix
@@ -132,14 +133,16 @@ public:
         _next = skipMeaningless(_next.next_sibling());
     }
 
-    void openSection()
+    std::string_view openSection(const std::string& name)
     {
         _section = _next;
         _next = skipMeaningless(_section.first_child());
+        return _sectionNames.emplace_back(name);
     }
 
     void closeSection()
     {
+        _sectionNames.pop_back();
         _next = skipMeaningless(_section.next_sibling());
         _section = _section.parent();
     }
@@ -250,6 +253,7 @@ private:
     pugi::xml_document _document;
     pugi::xml_node _section;
     pugi::xml_node _next;
+    std::deque<std::string> _sectionNames;
 };
 
 TextIArchive::TextIArchive(std::istream& stream) : BaseIArchive(true), _pDocument(new Document(stream, *this)) {}
@@ -312,12 +316,12 @@ std::size_t TextIArchive::openBlock(std::size_t)
 
 void TextIArchive::readBlockPart(void*, std::size_t) {}
 
-void TextIArchive::processOpenSection(std::string_view name)
+std::string_view TextIArchive::processOpenSection(std::string_view name)
 {
     const ArchiveEntry entry = peekEntry();
     OVRIXSERIALIZATION_RAISE_UNLESS(entry.type == eAE_Section && entry.name == name, 0, details::quote(name),
                                     describe(entry), getSectionPath());
-    _pDocument->openSection();
+    return _pDocument->openSection(entry.name);
 }
 
 void TextIArchive::processCloseSection()

@@ -7,6 +7,7 @@
 
 #include <pugixml.hpp>
 
+#include <deque>
 #include <new>
 #include <string>
 #include <utility>
@@ -78,16 +79,18 @@ public:
             checkMemory(item.text().set(text.c_str()));
     }
 
-    void openSection(std::string_view name)
+    std::string_view openSection(std::string_view name)
     {
         details::checkNameSize(name.size(), _archive);
         _section = appendElement(_section, details::g_textSection);
         appendAttribute(_section, details::g_textName, details::escape(name));
+        return _sectionNames.emplace_back(name);
     }
 
     void closeSection()
     {
         _section = _section.parent();
+        _sectionNames.pop_back();
     }
 
     void save()
@@ -107,6 +110,7 @@ private:
     const BaseArchive& _archive;
     pugi::xml_document _document;
     pugi::xml_node _section;
+    std::deque<std::string> _sectionNames;
 };
 
 TextOArchive::TextOArchive(std::ostream& stream) : BaseOArchive(true), _pDocument(new Document(stream, *this)) {}
@@ -174,9 +178,9 @@ void TextOArchive::close()
     _pDocument.reset();
 }
 
-void TextOArchive::processOpenSection(std::string_view name)
+std::string_view TextOArchive::processOpenSection(std::string_view name)
 {
-    getDocument().openSection(name);
+    return getDocument().openSection(name);
 }
 
 void TextOArchive::processCloseSection()

@@ -112,6 +112,17 @@ TEST(BinaryIArchive, TheNextEntryCanBeLookedAt)
     EXPECT_EQ(archive.peekEntry().type, eAE_ArchiveEnd);
 }
 
+TEST(BinaryIArchive, ANameThatHasANumberAlreadyRaises)
+{
+    std::istringstream stream(makeBinaryArchive({"i\0\1a\1\0\0\0i\0\1a\1\0\0\0"s}));
+    BinaryIArchive archive(stream);
+    int value = 0;
+    archive >> makeIItem("a", value);
+    expectRaises<OVRIXSerializationException>(
+        "Archive can't be parsed, there is a name that has a number already at offset 12, in section \"/\"",
+        [&] { archive >> makeIItem("a", value); });
+}
+
 TEST(BinaryIArchive, OtherInputIsNotAnArchive)
 {
     const std::string text = "Input is not an archive, it does not begin with the magic number of binary archives";
