@@ -62,8 +62,9 @@ bool isXmlCharacter(std::uint32_t code)
 /// Whether the text, which begins behind an ampersand, begins with what XML allows there.
 bool isReference(std::string_view text)
 {
-    const std::size_t size = text.find(';');
-    if (size == std::string_view::npos)
+    // Not beyond the next mark: each of many ampersands would be looked behind to the end of the text.
+    const std::size_t size = text.find_first_of(";&<");
+    if (size == std::string_view::npos || text[size] != ';')
         return false;
     const std::string_view name = text.substr(0, size);
     if (name.substr(0, 1) != "#")

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <sstream>
 #include <support/ArchiveForms.h>
+#include <support/BoundedTime.h>
 #include <support/ExpectFailure.h>
 #include <vector>
 
@@ -190,6 +191,22 @@ TEST(TextIArchive, UnknownEntitiesRaise)
         expectNotOpened("Archive can't be parsed, there is a reference to an unknown entity at offset " + offset +
                             ", in section \"/\"",
                         begin + reference + "</archive>");
+}
+
+TEST(TextIArchive, ManyAmpersandsTakeLittleTime)
+{
+    const auto read = []
+    {
+        std::istringstream stream("<" + std::string(4000000, '&'));
+        try
+        {
+            TextIArchive archive(stream);
+        }
+        catch (const OVRIXSerializationException&)
+        {
+        }
+    };
+    expectEnds("", {{"ampersands", read}});
 }
 
 TEST(TextIArchive, ADocumentTypeIsRefused)
