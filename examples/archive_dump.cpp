@@ -1,6 +1,8 @@
 // Prints what an archive holds as an indented tree, whoever wrote it and in whichever of the two forms: for a look into a
 // file, and to see how far a damaged one can be read and where it breaks.
 
+#include "support/CommandLine.h"
+
 #include <OVRIXSerialization/BinaryIArchive.h>
 #include <OVRIXSerialization/SerializationItem.h>
 #include <OVRIXSerialization/TextIArchive.h>
@@ -8,7 +10,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <exception>
 #include <fstream>
@@ -272,7 +273,7 @@ void dumpFile(const char* path)
 {
     std::ifstream file(path, std::ios::binary);
     if (!file)
-        throw std::runtime_error("it can't be opened");
+        throw std::runtime_error("It can't be opened");
     do
     {
         const std::unique_ptr<BaseIArchive> pArchive = openArchive(file);
@@ -285,22 +286,21 @@ void dumpFile(const char* path)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2)
+    const auto run = [&]
     {
-        std::cerr << "Usage: archive_dump FILE\n";
-        return EXIT_FAILURE;
-    }
-    try
-    {
-        dumpFile(argv[1]);
-        if (!std::cout.flush())
-            throw std::runtime_error("what it holds can't be printed");
-        return EXIT_SUCCESS;
-    }
-    catch (const std::exception& exception)
-    {
-        std::cout.flush();
-        std::cerr << "archive_dump: " << argv[1] << ": " << escape(exception.what()) << '\n';
-        return EXIT_FAILURE;
-    }
+        if (argc != 2)
+            throw std::runtime_error("Usage: archive_dump FILE");
+        try
+        {
+            dumpFile(argv[1]);
+            if (!std::cout.flush())
+                throw std::runtime_error("What it holds can't be printed");
+        }
+        catch (const std::exception& exception)
+        {
+            std::cout.flush(); // what could be read stands in front of what is wrong
+            throw std::runtime_error(argv[1] + (": " + escape(exception.what())));
+        }
+    };
+    return examples::runProgram("archive_dump", run);
 }

@@ -2,6 +2,8 @@
 // line, spectral clustering follows the samples from neighbour to neighbour. Draws the samples in the colours of their
 // clusters, and behind them, for the first two ways, the cluster of every place of the plane.
 
+#include "support/CommandLine.h"
+
 #include <OVRIXMath/Clustering/KMeansClustering.h>
 #include <OVRIXMath/Clustering/KernelKMeansClustering.h>
 #include <OVRIXMath/Clustering/SpectralClustering.h>
@@ -11,8 +13,7 @@
 #include <boost/random/uniform_real_distribution.hpp>
 
 #include <cmath>
-#include <cstdlib>
-#include <exception>
+#include <cstddef>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -206,14 +207,5 @@ void run(const std::string& path)
 
 int main(int argc, char** argv)
 {
-    try
-    {
-        run(argc > 1 ? argv[1] : "cluster_rings.svg");
-        return EXIT_SUCCESS;
-    }
-    catch (const std::exception& exception)
-    {
-        std::cerr << "cluster_rings: " << exception.what() << '\n';
-        return EXIT_FAILURE;
-    }
+    return examples::runProgram("cluster_rings", [&] { run(argc > 1 ? argv[1] : "cluster_rings.svg"); });
 }

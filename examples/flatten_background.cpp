@@ -1,6 +1,7 @@
 // Takes uneven light out of a photograph: fits a quadratic surface to the grey values of the background, robustly, so
 // that what stands on the background counts as outliers and does not bend the surface.
 
+#include "support/CommandLine.h"
 #include "support/GreyImage.h"
 
 #include <OVRIXMath/Estimation/EstimationUtils.h>
@@ -8,10 +9,8 @@
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/make_shared.hpp>
-#include <boost/program_options.hpp>
 
-#include <cstdlib>
-#include <exception>
+#include <cstddef>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -42,33 +41,20 @@ Options readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    po::options_description visible("Usage: flatten_background PICTURE [options]\n\nOptions");
-    visible.add_options()("help,h", "show this text");
-    visible.add_options()("output,o", po::value(&options.output)->default_value("flatten_background.png"),
-                          "PNG to write: photograph, fitted light, flattened photograph, outliers");
-    visible.add_options()("csv", po::value(&options.csv), "CSV to write: the same, a line a pixel");
-    visible.add_options()("method,m", po::value(&options.method)->default_value("msac"),
-                          "ransac, msac, mlesac, lms or none");
-    visible.add_options()("threshold,t", po::value(&options.threshold)->default_value(30.0),
-                          "distance in grey values from which on a pixel is an outlier");
-    visible.add_options()("outliers,e", po::value(&options.outlierRatio)->default_value(0.45, "0.45"),
-                          "share of outliers that is expected");
-    visible.add_options()("seed", po::value(&options.seed)->default_value(5489), "seed of the random generator");
-    po::options_description all;
-    all.add(visible).add_options()("input", po::value(&options.input));
-    po::positional_options_description positional;
-    positional.add("input", 1);
-
-    po::variables_map values;
-    po::store(po::command_line_parser(argc, argv).options(all).positional(positional).run(), values);
-    po::notify(values);
-    if (values.count("help") != 0)
-    {
-        std::cout << visible;
-        return Options();
-    }
-    if (options.input.empty())
-        throw std::runtime_error("No picture is given, see flatten_background --help");
+    examples::CommandLine commandLine("flatten_background");
+    commandLine.addOptions()("output,o", po::value(&options.output)->default_value("flatten_background.png"),
+                             "PNG to write: photograph, fitted light, flattened photograph, outliers");
+    commandLine.addOptions()("csv", po::value(&options.csv), "CSV to write: the same, a line a pixel");
+    commandLine.addOptions()("method,m", po::value(&options.method)->default_value("msac"),
+                             "ransac, msac, mlesac, lms or none");
+    commandLine.addOptions()("threshold,t", po::value(&options.threshold)->default_value(30.0),
+                             "distance in grey values from which on a pixel is an outlier");
+    commandLine.addOptions()("outliers,e", po::value(&options.outlierRatio)->default_value(0.45, "0.45"),
+                             "share of outliers that is expected");
+    commandLine.addOptions()("seed", po::value(&options.seed)->default_value(5489), "seed of the random generator");
+    if (!commandLine.read(argc, argv))
+        return options;
+    options.input = commandLine.getPicture();
     return options;
 }
 
@@ -220,16 +206,11 @@ void flatten(const Options& options)
 
 int main(int argc, char** argv)
 {
-    try
-    {
-        const Options options = readOptions(argc, argv);
-        if (!options.input.empty())
-            flatten(options);
-        return EXIT_SUCCESS;
-    }
-    catch (const std::exception& exception)
-    {
-        std::cerr << "flatten_background: " << exception.what() << '\n';
-        return EXIT_FAILURE;
-    }
+    return examples::runProgram("flatten_background",
+                                [&]
+                                {
+                                    const Options options = readOptions(argc, argv);
+                                    if (!options.input.empty())
+                                        flatten(options);
+                                });
 }

@@ -1,18 +1,16 @@
 // Reports on the grey values of a photograph: draws their histogram with its peaks and valleys, in the colours of its
 // clusters and with a Gaussian fitted to its highest peak, and writes it as a table.
 
+#include "support/CommandLine.h"
 #include "support/GreyImage.h"
 
 #include <OVRIXMath/Statistics/Histogram.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
-#include <boost/program_options.hpp>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdlib>
-#include <exception>
+#include <cstddef>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -47,33 +45,20 @@ Options readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    po::options_description visible("Usage: histogram_report PICTURE [options]\n\nOptions");
-    visible.add_options()("help,h", "show this text");
-    visible.add_options()("output,o", po::value(&options.output)->default_value("histogram_report.svg"),
-                          "SVG to write: the histogram with what was found in it");
-    visible.add_options()("csv", po::value(&options.csv)->default_value("histogram_report.csv"),
-                          "CSV to write: bounds and population of each class");
-    visible.add_options()("clusters,k", po::value(&options.nbClusters)->default_value(3), "number of clusters");
-    visible.add_options()("rise,r", po::value(&options.rise)->default_value(0.1, "0.1"),
-                          "how far a peak must rise above its surroundings, as a share of the highest population");
-    visible.add_options()("method,m", po::value(&options.method)->default_value("ransac"),
-                          "how the Gaussian is fitted: ransac or lms");
-    visible.add_options()("seed", po::value(&options.seed)->default_value(5489), "seed of the random generator");
-    po::options_description all;
-    all.add(visible).add_options()("input", po::value(&options.input));
-    po::positional_options_description positional;
-    positional.add("input", 1);
-
-    po::variables_map values;
-    po::store(po::command_line_parser(argc, argv).options(all).positional(positional).run(), values);
-    po::notify(values);
-    if (values.count("help") != 0)
-    {
-        std::cout << visible;
-        return Options();
-    }
-    if (options.input.empty())
-        throw std::runtime_error("No picture is given, see histogram_report --help");
+    examples::CommandLine commandLine("histogram_report");
+    commandLine.addOptions()("output,o", po::value(&options.output)->default_value("histogram_report.svg"),
+                             "SVG to write: the histogram with what was found in it");
+    commandLine.addOptions()("csv", po::value(&options.csv)->default_value("histogram_report.csv"),
+                             "CSV to write: bounds and population of each class");
+    commandLine.addOptions()("clusters,k", po::value(&options.nbClusters)->default_value(3), "number of clusters");
+    commandLine.addOptions()("rise,r", po::value(&options.rise)->default_value(0.1, "0.1"),
+                             "how far a peak must rise above its surroundings, as a share of the highest population");
+    commandLine.addOptions()("method,m", po::value(&options.method)->default_value("ransac"),
+                             "how the Gaussian is fitted: ransac or lms");
+    commandLine.addOptions()("seed", po::value(&options.seed)->default_value(5489), "seed of the random generator");
+    if (!commandLine.read(argc, argv))
+        return options;
+    options.input = commandLine.getPicture();
     if (!(options.rise >= 0.0 && options.rise <= 1.0))
         throw std::runtime_error("The rise of a peak should be in [0, 1]");
     return options;
@@ -517,16 +502,11 @@ void run(const Options& options)
 
 int main(int argc, char** argv)
 {
-    try
-    {
-        const Options options = readOptions(argc, argv);
-        if (!options.input.empty())
-            run(options);
-        return EXIT_SUCCESS;
-    }
-    catch (const std::exception& exception)
-    {
-        std::cerr << "histogram_report: " << exception.what() << '\n';
-        return EXIT_FAILURE;
-    }
+    return examples::runProgram("histogram_report",
+                                [&]
+                                {
+                                    const Options options = readOptions(argc, argv);
+                                    if (!options.input.empty())
+                                        run(options);
+                                });
 }

@@ -5,6 +5,7 @@
 // this program's own: a homography and a similarity, each a class of a few lines. The library brings the robust fit, the
 // solvers and the transforms. What is fitted stands in the classes on top, how it is fitted in makeMethods() and fit().
 
+#include "support/CommandLine.h"
 #include "support/GreyImage.h"
 
 #include <OVRIXMath/Estimation/EstimationUtils.h>
@@ -16,12 +17,10 @@
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/make_shared.hpp>
-#include <boost/program_options.hpp>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <exception>
+#include <cstddef>
 #include <iomanip>
 #include <iostream>
 #include <random>
@@ -163,33 +162,20 @@ Options readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    po::options_description visible("Usage: register_photographs PICTURE [options]\n\nOptions");
-    visible.add_options()("help,h", "show this text");
-    visible.add_options()(
+    examples::CommandLine commandLine("register_photographs");
+    commandLine.addOptions()(
         "output,o", po::value(&options.output)->default_value("register_photographs.png"),
         "PNG to write: photograph, second photograph, the second one registered onto the first by the "
         "similarity and by the homography");
-    visible.add_options()("matches,n", po::value(&options.nbMatches)->default_value(400), "number of matches");
-    visible.add_options()("outliers,e", po::value(&options.outlierRatio)->default_value(0.5, "0.5"),
-                          "share of wrong matches");
-    visible.add_options()("noise,s", po::value(&options.noise)->default_value(0.5, "0.5"),
-                          "standard deviation of the other matches in pixels");
-    visible.add_options()("seed", po::value(&options.seed)->default_value(5489), "seed of all random choices");
-    po::options_description all;
-    all.add(visible).add_options()("input", po::value(&options.input));
-    po::positional_options_description positional;
-    positional.add("input", 1);
-
-    po::variables_map values;
-    po::store(po::command_line_parser(argc, argv).options(all).positional(positional).run(), values);
-    po::notify(values);
-    if (values.count("help") != 0)
-    {
-        std::cout << visible;
-        return Options();
-    }
-    if (options.input.empty())
-        throw std::runtime_error("No picture is given, see register_photographs --help");
+    commandLine.addOptions()("matches,n", po::value(&options.nbMatches)->default_value(400), "number of matches");
+    commandLine.addOptions()("outliers,e", po::value(&options.outlierRatio)->default_value(0.5, "0.5"),
+                             "share of wrong matches");
+    commandLine.addOptions()("noise,s", po::value(&options.noise)->default_value(0.5, "0.5"),
+                             "standard deviation of the other matches in pixels");
+    commandLine.addOptions()("seed", po::value(&options.seed)->default_value(5489), "seed of all random choices");
+    if (!commandLine.read(argc, argv))
+        return options;
+    options.input = commandLine.getPicture();
     if (!(options.outlierRatio >= 0.0 && options.outlierRatio <= 0.7))
         throw std::runtime_error("The share of wrong matches should be from 0 to 0.7");
     if (!(options.noise > 0.0))
@@ -383,16 +369,11 @@ void registerPhotographs(const Options& options)
 
 int main(int argc, char** argv)
 {
-    try
-    {
-        const Options options = readOptions(argc, argv);
-        if (!options.input.empty())
-            registerPhotographs(options);
-        return EXIT_SUCCESS;
-    }
-    catch (const std::exception& exception)
-    {
-        std::cerr << "register_photographs: " << exception.what() << '\n';
-        return EXIT_FAILURE;
-    }
+    return examples::runProgram("register_photographs",
+                                [&]
+                                {
+                                    const Options options = readOptions(argc, argv);
+                                    if (!options.input.empty())
+                                        registerPhotographs(options);
+                                });
 }

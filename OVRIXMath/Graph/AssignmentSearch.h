@@ -1,11 +1,11 @@
 #pragma once
 
 #include <OVRIXMath/Graph/FreeColumnRanking.h>
+#include <OVRIXMath/Graph/LargeTable.h>
 #include <OVRIXMath/Graph/NearRows.h>
 #include <OVRIXMath/Graph/RowSet.h>
 #include <OVRIXMath/Graph/RowSlacks.h>
 #include <OVRIXMath/Graph/WeightRange.h>
-#include <OVRIXMath/LargeTable.h>
 #include <OVRIXMath/Types.h>
 
 #include <utility>

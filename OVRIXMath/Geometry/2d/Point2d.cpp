@@ -12,7 +12,8 @@ namespace
 
 using details::Point2d;
 
-/// Foot q = p - sd n of the perpendicular from p, with sd the signed distance of p to the left.
+/// Foot q = p - sd n of the perpendicular from p, with sd the signed distance of p to the left. Not a function, whose
+/// address would be called: its own type lets the compiler inline it.
 constexpr auto projectOnLine = [](const Point2d& p, const Point2d& u, const Point2d& w, Point2d& q)
 {
     const Point2d n = details::leftNormal(u);

@@ -1,4 +1,4 @@
-#include <OVRIXMath/LargeTable.h>
+#include <OVRIXMath/Graph/LargeTable.h>
 
 #include <cstdlib>
 #include <new>
