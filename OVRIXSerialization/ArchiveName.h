@@ -39,8 +39,11 @@ inline bool areSameNames(std::string_view first, std::string_view second)
         using Bytes = decltype(bytes);
         return loadBytes<Bytes>(first.data() + offset) == loadBytes<Bytes>(second.data() + offset);
     };
-    if (size > 16)
+    if (size > 32)
         return std::memcmp(first.data(), second.data(), size) == 0;
+    if (size > 16)
+        return areSameAt(std::uint64_t(), 0) && areSameAt(std::uint64_t(), 8) &&
+               areSameAt(std::uint64_t(), size - 16) && areSameAt(std::uint64_t(), size - 8);
     if (size >= 8)
         return areSameAt(std::uint64_t(), 0) && areSameAt(std::uint64_t(), size - 8);
     if (size >= 4)

@@ -4,6 +4,8 @@
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXUtil/DynamicObjectFactory.h>
 
+#include <algorithm>
+
 namespace ovrix
 {
 
@@ -13,6 +15,18 @@ void BaseIArchive::readBlock(void* pData, std::size_t size)
 {
     openBlock(size);
     readBlockPart(pData, size);
+}
+
+std::size_t BaseIArchive::grantElements(std::size_t count, std::size_t elementSize)
+{
+    const std::size_t granted = std::min(count, _grantedRest / elementSize);
+    _grantedRest -= granted * elementSize;
+    return granted;
+}
+
+void BaseIArchive::setInputSize(std::size_t size)
+{
+    _grantedRest = 2 * size;
 }
 
 boost::shared_ptr<BaseSerializationObject> BaseIArchive::readObject(std::string_view name)

@@ -61,6 +61,13 @@ public:
     /// @throws OVRIXSerializationException when the input that is left is too short for them
     virtual void checkRemainingSize(std::size_t count, std::size_t elementSize) = 0;
 
+    /// For how many of `count` elements of a container memory may be taken before they are read, once
+    /// checkRemainingSize() has let them pass. All that an archive grants together takes at most twice the memory of its
+    /// input, however its containers lie in each other. On an input of unknown length it grants nothing.
+    ///
+    /// @param elementSize bytes of an element in memory
+    std::size_t grantElements(std::size_t count, std::size_t elementSize);
+
     /// Reads what BaseOArchive::writeObject() wrote. The object is created through DynamicObjectFactory.
     ///
     /// @param name name of the object's section
@@ -88,12 +95,16 @@ protected:
     /// Reads the next bytes of the block.
     virtual void readBlockPart(void* pData, std::size_t size) = 0;
 
+    /// To be told the length of the input where it is known, when the archive has been opened.
+    void setInputSize(std::size_t size);
+
 private:
     boost::shared_ptr<BaseSerializationObject> createObject();
     void readContent(BaseSerializationObject& object);
     [[noreturn]] void raiseForeignClass(const std::string& wantedName, const BaseSerializationObject& object) const;
 
     std::string _className;
+    std::size_t _grantedRest = 0; // bytes that grantElements() has left
 };
 
 template <class T>

@@ -84,7 +84,8 @@ public:
         }
         if (number == 0 || number > _names.size() || !details::areSameNames(_names[number - 1], name))
             return nullptr;
-        _head.name = _names[number - 1];
+        if (type == eAE_Section)
+            _head.name = _names[number - 1];
         _frames.skipTo(p + valueSize);
         return p;
     }
@@ -99,8 +100,8 @@ public:
         return true;
     }
 
-    /// Name of the entry that stands next or was consumed last. It stays where it is.
-    std::string_view getName() const
+    /// Name of the section that was consumed last. It stays where it is.
+    std::string_view getSectionName() const
     {
         return _head.name;
     }
@@ -140,10 +141,15 @@ public:
         _frames.read(pData, size);
     }
 
+    bool isLengthKnown() const
+    {
+        return _frames.isLengthKnown();
+    }
+
     /// How many bytes memory may be taken for before they are read.
     std::size_t getGrant() const
     {
-        return _frames.isLengthKnown() ? _frames.getMaxRest() : std::max(_frames.getFrameRest(), g_sizeStep);
+        return isLengthKnown() ? _frames.getMaxRest() : std::max(_frames.getFrameRest(), g_sizeStep);
     }
 
     /// Checks that so many elements can still follow.
@@ -224,7 +230,11 @@ private:
     bool _bPeeked = false;
 };
 
-BinaryIArchive::BinaryIArchive(std::istream& stream) : BaseIArchive(false), _pDecoder(new Decoder(stream, *this)) {}
+BinaryIArchive::BinaryIArchive(std::istream& stream) : BaseIArchive(false), _pDecoder(new Decoder(stream, *this))
+{
+    if (_pDecoder->isLengthKnown())
+        setInputSize(_pDecoder->getGrant());
+}
 
 BinaryIArchive::~BinaryIArchive() = default;
 
@@ -298,12 +308,8 @@ void BinaryIArchive::readBlockPart(void* pData, std::size_t size)
 std::string_view BinaryIArchive::processOpenSection(std::string_view name)
 {
     if (!_pDecoder->takeExpected(eAE_Section, name, 0))
-    {
-        OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().is(eAE_Section, name), 0, details::quote(name),
-                                        describe(peekEntry()), getSectionPath());
-        _pDecoder->consume();
-    }
-    return _pDecoder->getName();
+        expectSection(name);
+    return _pDecoder->getSectionName();
 }
 
 void BinaryIArchive::processCloseSection()
@@ -312,6 +318,13 @@ void BinaryIArchive::processCloseSection()
         return;
     OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().type == eAE_SectionEnd, 14, getSectionPath(),
                                     describe(peekEntry()));
+    _pDecoder->consume();
+}
+
+void BinaryIArchive::expectSection(std::string_view name)
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().is(eAE_Section, name), 0, details::quote(name),
+                                    describe(peekEntry()), getSectionPath());
     _pDecoder->consume();
 }
 
@@ -331,8 +344,13 @@ void BinaryIArchive::expectItem(eArchiveEntry type, std::string_view name)
 template <class T>
 T BinaryIArchive::readNumber(eArchiveEntry type, std::string_view name)
 {
-    if (const char* const p = _pDecoder->takeExpected(type, name, sizeof(T)))
-        return details::loadLittleEndian<T>(p);
+    const char* const p = _pDecoder->takeExpected(type, name, sizeof(T));
+    return p ? details::loadLittleEndian<T>(p) : readOtherNumber<T>(type, name);
+}
+
+template <class T>
+T BinaryIArchive::readOtherNumber(eArchiveEntry type, std::string_view name)
+{
     expectItem(type, name);
     return _pDecoder->readNumber<T>();
 }

@@ -164,6 +164,7 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::ve
         else
         {
             const std::size_t size = details::readContainerSize(archive);
+            values.reserve(archive.grantElements(size, sizeof(T)));
             for (std::size_t i = 0; i < size; ++i)
             {
                 if constexpr (std::is_same<T, bool>::value)

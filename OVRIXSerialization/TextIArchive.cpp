@@ -147,6 +147,12 @@ public:
         _section = _section.parent();
     }
 
+    /// Bytes of the text.
+    std::size_t getSize() const
+    {
+        return _text.size();
+    }
+
     /// How many entries follow in the section, counted to `maxCount`.
     std::size_t countEntries(std::size_t maxCount) const
     {
@@ -256,7 +262,10 @@ private:
     std::deque<std::string> _sectionNames;
 };
 
-TextIArchive::TextIArchive(std::istream& stream) : BaseIArchive(true), _pDocument(new Document(stream, *this)) {}
+TextIArchive::TextIArchive(std::istream& stream) : BaseIArchive(true), _pDocument(new Document(stream, *this))
+{
+    setInputSize(_pDocument->getSize());
+}
 
 TextIArchive::~TextIArchive() = default;
 

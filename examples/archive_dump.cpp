@@ -42,7 +42,9 @@ std::string escape(std::string_view text)
     for (const char character : text)
     {
         const auto code = static_cast<unsigned char>(character);
-        if (code >= 0x20 && code < 0x7F)
+        if (character == '\\')
+            escaped += "\\\\";
+        else if (code >= 0x20 && code < 0x7F)
             escaped += character;
         else if (character == '\n')
             escaped += "\\n";
@@ -59,7 +61,7 @@ std::string quote(std::string_view text)
     return '"' + escape(text.substr(0, g_maxNbTextBytes)) + "\"... (" + std::to_string(text.size()) + " bytes)";
 }
 
-/// A value as text; a real number as the shortest one that has the same bits.
+/// A value as text; a real number as the shortest one that reads back as the same.
 template <class T>
 std::string format(const T& value)
 {
@@ -299,7 +301,7 @@ int main(int argc, char** argv)
         catch (const std::exception& exception)
         {
             std::cout.flush(); // what could be read stands in front of what is wrong
-            throw std::runtime_error(argv[1] + (": " + escape(exception.what())));
+            throw std::runtime_error(argv[1] + (": " + std::string(exception.what())));
         }
     };
     return examples::runProgram("archive_dump", run);

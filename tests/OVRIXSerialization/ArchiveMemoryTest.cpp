@@ -181,6 +181,40 @@ TEST(ArchiveMemory, AVectorFromAPipeTakesAtMostTwiceItsMemory)
     EXPECT_EQ(restored, values);
 }
 
+TYPED_TEST(ArchiveMemory, AVectorOfOtherElementsIsReadIntoItsOwnMemory)
+{
+    const std::vector<std::string> values(1000, "text of more than 16 bytes");
+    std::istringstream stream(save<TypeParam>(values));
+    typename TypeParam::IArchive archive(stream);
+    std::vector<std::string> restored;
+    EXPECT_EQ(findLargestAllocation([&] { archive >> makeIItem("value", restored); }),
+              values.size() * sizeof(std::string));
+    EXPECT_EQ(restored, values);
+}
+
+TEST(ArchiveMemory, WhatContainersInEachOtherClaimTakesNoMoreThanTwiceTheInput)
+{
+    using Texts = std::vector<std::string>;
+    const std::string bytes = writeArchive<BinaryForm>(
+        [](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager outer(archive, "value");
+            const ArchiveSectionManager outerType(archive, "vector");
+            archive << makeOItem("size", 20000u);
+            const ArchiveSectionManager inner(archive, "value");
+            const ArchiveSectionManager innerType(archive, "vector");
+            archive << makeOItem("size", 20000u) << makeOItem("text", std::string(70000, 'x'));
+        });
+    std::istringstream stream(bytes);
+    std::vector<Texts> restored;
+    const auto read = [&]
+    {
+        BinaryIArchive archive(stream);
+        EXPECT_THROW(archive >> makeIItem("value", restored), OVRIXSerializationException);
+    };
+    EXPECT_LE(findLargestAllocation(read), 2 * bytes.size());
+}
+
 TEST(ArchiveMemory, WritingItemsTakesNoMemoryPerItem)
 {
     std::ostringstream stream;

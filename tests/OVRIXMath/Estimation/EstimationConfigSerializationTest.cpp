@@ -7,12 +7,14 @@
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <cmath>
 #include <functional>
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <support/ArbitraryNumbers.h>
 #include <support/ArchiveDamage.h>
 #include <support/ArchiveForms.h>
 #include <support/Builders.h>
@@ -173,6 +175,44 @@ TYPED_TEST(EstimationConfigSerialization, KeepsWhatTheGettersGive)
         EXPECT_EQ(restored.getAllowSimpleEstimation(), type == eRET_RANSAC);
         EXPECT_EQ(restored.getSuccessRatio(), 0.999);
     }
+}
+
+/// A configuration of any method, with any numbers that it takes.
+EstimationConfig anyConfig()
+{
+    const auto anyIn = [](double first, double last)
+    { return first + (last - first) * *rc::gen::inRange(0, 1 << 30) / (1 << 30); };
+    EstimationConfig config;
+    switch (*rc::gen::elementOf(getTypes()))
+    {
+    case eRET_NonRobust:
+        config.initNonRobust();
+        break;
+    case eRET_LMS:
+        config.initLMS(anyIn(0.0, 0.5));
+        break;
+    case eRET_RANSAC:
+        config.initRANSAC(*test::anyReal(), anyIn(0.0, 1.0));
+        break;
+    case eRET_MSAC:
+        config.initMSAC(*test::anyReal(), anyIn(0.0, 1.0));
+        break;
+    case eRET_MLESAC:
+        config.initMLESAC(anyIn(0.1, 1e9), anyIn(0.1, 2.0), anyIn(2.1, 1e6), anyIn(0.0, 1.0));
+        break;
+    }
+    config.setSuccessRatio(anyIn(0.001, 0.999));
+    config.setAllowSimpleEstimation(*rc::gen::arbitrary<bool>());
+    if (*rc::gen::arbitrary<bool>())
+        config.setRegularGridPartition(*rc::gen::inRange(1u, 1000u));
+    return config;
+}
+
+RC_GTEST_PROP(EstimationConfigProperties, ConfigurationsPassToTheBit, ())
+{
+    const EstimationConfig config = anyConfig();
+    RC_ASSERT(save<TextForm>(passThrough<TextForm>(config)) == save<TextForm>(config));
+    RC_ASSERT(save<TextForm>(passThrough<BinaryForm>(config)) == save<TextForm>(config));
 }
 
 TYPED_TEST(EstimationConfigSerialization, APartitionIsRestoredByItsClassAndIsAnotherObject)

@@ -1,9 +1,11 @@
 #include <OVRIXMath/Estimation/EstimationResults.h>
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <cstddef>
 #include <string>
+#include <support/ArbitraryNumbers.h>
 #include <support/ArchiveDamage.h>
 #include <support/ArchiveForms.h>
 #include <support/Builders.h>
@@ -165,6 +167,56 @@ TYPED_TEST(EstimationResultsSerialization, KeepsARefinement)
     EXPECT_EQ(toStd(restored.getEstimParams()), (std::vector<double>{7.5, 8.5}));
     EXPECT_EQ(restored.getNbNonLinearIteration(), 11u);
     EXPECT_EQ(restored.getNbOutliers(), 2u);
+}
+
+Vector anyVector(std::size_t size)
+{
+    Vector vector(size);
+    for (double& element : vector)
+        element = *test::anyReal();
+    return vector;
+}
+
+/// Results of a robust fit to any numbers.
+EstimationResults anyRobust()
+{
+    const auto size = *rc::gen::inRange<std::size_t>(0, 8);
+    EstimationResults results;
+    results.initRobustSuccess(createConfig(), *rc::gen::arbitrary<ovUInt32>(), *rc::gen::arbitrary<ovUInt32>(), 4, 5,
+                              static_cast<ovUInt32>(size), anyVector(*rc::gen::inRange<std::size_t>(0, 8)),
+                              anyVector(size), *rc::gen::container<OutlierFlags>(size, rc::gen::arbitrary<bool>()),
+                              *test::anyReal());
+    return results;
+}
+
+/// Results in any state.
+EstimationResults anyResults()
+{
+    EstimationResults results = anyRobust();
+    switch (*rc::gen::inRange(0, 5))
+    {
+    case 0:
+        return EstimationResults();
+    case 1:
+        results.initFailed(createConfig(), 2, 3, 4, 5, 6, *rc::gen::arbitrary<std::string>());
+        return results;
+    case 2:
+        results.updateNonLinearFailed(*rc::gen::arbitrary<std::string>());
+        return results;
+    case 3:
+        results.updateNonLinearSuccess(anyVector(3), ResidualsSet(results.getResidualsSet()),
+                                       *rc::gen::arbitrary<ovUInt32>(), *rc::gen::arbitrary<std::string>());
+        return results;
+    default:
+        return results;
+    }
+}
+
+RC_GTEST_PROP(EstimationResultsProperties, ResultsPassToTheBit, ())
+{
+    const EstimationResults results = anyResults();
+    RC_ASSERT(save<test::TextForm>(passThrough<test::TextForm>(results)) == save<test::TextForm>(results));
+    RC_ASSERT(save<test::TextForm>(passThrough<test::BinaryForm>(results)) == save<test::TextForm>(results));
 }
 
 TYPED_TEST(EstimationResultsSerialization, FlagsThatTheArchiveDoesNotHoldAreForgotten)
