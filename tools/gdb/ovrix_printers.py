@@ -21,6 +21,16 @@ def first_element(array):
     return data[0].address if data.type.strip_typedefs().code == gdb.TYPE_CODE_ARRAY else data
 
 
+def text_of(string):
+    """The text of a std::string, whose members clang tells the debugger only on demand."""
+    try:
+        return string["_M_dataplus"]["_M_p"].string(length=int(string["_M_string_length"]))
+    except gdb.error:
+        start = string.address.cast(gdb.lookup_type("char").pointer().pointer())[0]
+        length = string.address.cast(gdb.lookup_type("unsigned long").pointer())[1]
+        return start.string(length=int(length))
+
+
 class VectorPrinter:
     """A vector or bounded_vector of uBLAS."""
 
@@ -74,10 +84,8 @@ class ResultPrinter:
         outcome = str(self._outcome)
         if self._outcome.type.strip_typedefs().code == gdb.TYPE_CODE_BOOL:
             outcome = "success" if self._outcome else "failure"
-        length = int(self._message["_M_string_length"])
-        if length == 0:
-            return outcome
-        return '%s, "%s"' % (outcome, self._message["_M_dataplus"]["_M_p"].string(length=length))
+        message = text_of(self._message)
+        return '%s, "%s"' % (outcome, message) if message else outcome
 
 
 def make_printers():
