@@ -10,16 +10,14 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_COMPONENTS_ALL runtime development debug)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-# Each package has a summary of its own, as the first line of its description; each ends with a line of its own, as CPack
-# would indent the others once more without it.
+# Each package has a summary of its own, as the first line of its description.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 
-set(description " Dense decompositions, non-linear least squares, robust estimation, geometry and
- its transforms, assignment, clustering and histograms, with results that are
- the same bits on every processor.
- .
+set(description "Dense decompositions, non-linear least squares, robust estimation, geometry and
+its transforms, assignment, clustering and histograms, with results that are
+the same bits on every processor.
 ")
 
 set(runtime_package "libovrixmath${PROJECT_VERSION_MAJOR}")
@@ -28,12 +26,11 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 # The dependencies of the libraries ask for any OpenBLAS; this keeps apt from taking the one with threads.
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS libopenblas0-serial)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/cmake/debian/triggers")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
+    "${PROJECT_SOURCE_DIR}/cmake/debian/triggers" "${PROJECT_BINARY_DIR}/debian/shlibs")
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "numerical library for image processing
-${description} This package holds the shared libraries.
-")
+${description}
+This package holds the shared libraries.")
 
 set(same_runtime "${runtime_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 
@@ -45,17 +42,16 @@ string(CONCAT CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${same_runtime}, "
     "libboost-dev (>= 1.74), libboost-filesystem-dev (>= 1.74), libboost-thread-dev (>= 1.74), liblog4cplus-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "numerical library for image processing (development files)
-${description} This package holds the headers, the files by which CMake and pkg-config find
- the libraries, and printers of its types for gdb.
-")
+${description}
+This package holds the headers, the files by which CMake and pkg-config find
+the libraries, and printers of their types for gdb.")
 
 set(debug_package "${runtime_package}-dbgsym")
 set(CPACK_DEBIAN_DEBUG_PACKAGE_NAME "${debug_package}")
 set(CPACK_DEBIAN_DEBUG_PACKAGE_SECTION debug)
 set(CPACK_DEBIAN_DEBUG_PACKAGE_DEPENDS "${same_runtime}")
 set(CPACK_DEBIAN_DEBUG_DESCRIPTION "debug symbols for ${runtime_package}
- This package holds what debuggers want to know of the shared libraries.
-")
+This package holds what debuggers want to know of the shared libraries.")
 
 # Adds files to a package that other installed trees do without.
 function(ovrix_package_files component destination)
@@ -65,6 +61,7 @@ endfunction()
 set(debian_dir "${PROJECT_BINARY_DIR}/debian")
 file(MAKE_DIRECTORY "${debian_dir}")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/debian/changelog.in" "${debian_dir}/changelog.Debian" @ONLY)
+configure_file("${PROJECT_SOURCE_DIR}/cmake/debian/shlibs.in" "${debian_dir}/shlibs" @ONLY)
 configure_file("${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${debian_dir}/changelog" COPYONLY)
 foreach(file changelog changelog.Debian)
     execute_process(COMMAND gzip -9n --stdout "${debian_dir}/${file}" OUTPUT_FILE "${debian_dir}/${file}.gz")
