@@ -235,8 +235,10 @@ public:
     void write(const std::string& path) const
     {
         std::ofstream file(path);
-        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << g_right + 20 << "\" height=\""
-             << legendTop() + 22 * nbLegendLines() << "\">\n"
+        const auto width = g_right + 20;
+        const auto height = legendTop() + 22 * nbLegendLines();
+        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "\" height=\"" << height
+             << "\" viewBox=\"0 0 " << width << ' ' << height << "\">\n"
              << "<style>text{font:13px sans-serif;fill:#333}.title{font-size:16px}.end{text-anchor:end}"
              << ".middle{text-anchor:middle}.grid{stroke:#ddd}.axis{stroke:#666}.peak{fill:#222}"
              << ".valley{fill:#fff;stroke:#222}.curve{fill:none;stroke:#222;stroke-width:1.8}</style>\n"
