@@ -23,9 +23,9 @@ struct AccessorMutex
     }
 };
 
-using LoggerNameMutex = AccessorMutex<struct LoggerName>;
-using LoggerMutex = AccessorMutex<struct Logger>;
-using ManagerMutex = AccessorMutex<struct Manager>;
+using LoggerNameMutex = AccessorMutex<struct LoggerNameTag>;
+using LoggerMutex = AccessorMutex<struct LoggerTag>;
+using ManagerMutex = AccessorMutex<struct ManagerTag>;
 
 // The mutexes exist before any thread can reach an accessor.
 const bool g_bMutexesCreated = (LoggerNameMutex::get(), LoggerMutex::get(), ManagerMutex::get(), true);

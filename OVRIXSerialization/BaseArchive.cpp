@@ -1,15 +1,9 @@
 #include <OVRIXSerialization/BaseArchive.h>
+#include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 namespace ovrix
 {
-
-namespace
-{
-
-constexpr std::size_t g_maxNameSizeInPath = 200;
-
-} // namespace
 
 BaseArchive::BaseArchive(bool bText) : _bText(bText) {}
 
@@ -20,50 +14,52 @@ bool BaseArchive::isText() const
     return _bText;
 }
 
-bool BaseArchive::isClassVersionRegistred(std::string_view className) const
-{
-    return _classVersions.find(className) != _classVersions.end();
-}
-
 void BaseArchive::registerClassVersion(std::string_view className, ovUInt32 version)
 {
-    _classVersions.insert_or_assign(std::string(className), version);
+    const std::size_t number = _classNames.find(className);
+    if (number != 0)
+    {
+        _classVersions[number - 1] = version;
+        return;
+    }
+    _classNames.add(className);
+    _classVersions.push_back(version);
 }
 
 ovUInt32 BaseArchive::getRegisterClassVersion(std::string_view className) const
 {
-    const auto found = _classVersions.find(className);
-    OVRIXSERIALIZATION_RAISE_UNLESS(found != _classVersions.end(), 17, std::string(className));
-    return found->second;
+    const ovUInt32* const pVersion = findClassVersion(className);
+    OVRIXSERIALIZATION_RAISE_UNLESS(pVersion != nullptr, 17, std::string(className));
+    return *pVersion;
 }
 
 void BaseArchive::openSection(std::string_view name)
 {
     OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() < s_maxSectionDepth, 16, s_maxSectionDepth, getSectionPath());
-    processOpenSection(name);
-    _parentPathSizes.push_back(_sectionPath.size());
-    _sectionPath += '/';
-    _sectionPath += name.substr(0, g_maxNameSizeInPath);
-    if (name.size() > g_maxNameSizeInPath)
-        _sectionPath += "...";
+    _openSections.push_back(processOpenSection(name));
 }
 
 void BaseArchive::closeSection()
 {
     OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() > 0, 28);
     processCloseSection();
-    _sectionPath.resize(_parentPathSizes.back());
-    _parentPathSizes.pop_back();
+    _openSections.pop_back();
 }
 
 std::size_t BaseArchive::getSectionDepth() const
 {
-    return _parentPathSizes.size();
+    return _openSections.size();
 }
 
 std::string BaseArchive::getSectionPath() const
 {
-    return getSectionDepth() == 0 ? "/" : _sectionPath;
+    std::string path;
+    for (const std::string_view name : _openSections)
+    {
+        path += '/';
+        details::appendQuote(path, name);
+    }
+    return path.empty() ? "/" : path;
 }
 
 } // namespace ovrix

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <OVRIXSerialization/Export.h>
+#include <OVRIXSerialization/NameIndex.h>
 #include <OVRIXUtil/Types.h>
 
 #include <boost/noncopyable.hpp>
 
 #include <cstddef>
-#include <functional>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,7 +33,10 @@ public:
     bool isText() const;
 
     /// Whether registerClassVersion() has been called for the class in this archive.
-    bool isClassVersionRegistred(std::string_view className) const;
+    bool isClassVersionRegistred(std::string_view className) const
+    {
+        return findClassVersion(className) != nullptr;
+    }
 
     /// Records the version of a class, which stands once in an archive.
     void registerClassVersion(std::string_view className, ovUInt32 version);
@@ -43,6 +45,13 @@ public:
     ///
     /// @throws OVRIXSerializationException when none has been recorded
     ovUInt32 getRegisterClassVersion(std::string_view className) const;
+
+    /// The two above in one: the recorded version of a class, or null when none has been recorded.
+    const ovUInt32* findClassVersion(std::string_view className) const
+    {
+        const std::size_t number = _classNames.find(className);
+        return number == 0 ? nullptr : &_classVersions[number - 1];
+    }
 
     /// Opens a section inside the current one; see ArchiveSectionManager.
     ///
@@ -60,7 +69,8 @@ public:
     std::size_t getSectionDepth() const;
 
     /// Where in the archive one is: "/", or the names of the open sections from the outermost to the current one, each
-    /// behind a "/". Of a name above 200 bytes the first 200 stand there, and "...".
+    /// behind a "/". It is made for messages: of a name above 200 bytes the first 200 stand there, and "...", and control
+    /// characters and bytes that are no UTF-8 are escaped.
     std::string getSectionPath() const;
 
 protected:
@@ -68,13 +78,18 @@ protected:
     explicit BaseArchive(bool bText);
 
 private:
-    virtual void processOpenSection(std::string_view name) = 0;
+    /// Opens a section in the archive.
+    ///
+    /// @return its name where it stays until the section is closed
+    virtual std::string_view processOpenSection(std::string_view name) = 0;
+
+    /// Closes the innermost section in the archive.
     virtual void processCloseSection() = 0;
 
     bool _bText;
-    std::map<std::string, ovUInt32, std::less<>> _classVersions;
-    std::string _sectionPath;
-    std::vector<std::size_t> _parentPathSizes;
+    details::NameIndex _classNames;
+    std::vector<ovUInt32> _classVersions;
+    std::vector<std::string_view> _openSections;
 };
 
 } // namespace ovrix

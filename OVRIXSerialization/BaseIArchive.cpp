@@ -1,11 +1,10 @@
-#include <OVRIXSerialization/ArchiveSectionManager.h>
 #include <OVRIXSerialization/BaseIArchive.h>
 #include <OVRIXSerialization/BaseSerializationObject.h>
 #include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXUtil/DynamicObjectFactory.h>
 
-#include <boost/pointer_cast.hpp>
+#include <algorithm>
 
 namespace ovrix
 {
@@ -18,26 +17,53 @@ void BaseIArchive::readBlock(void* pData, std::size_t size)
     readBlockPart(pData, size);
 }
 
+std::size_t BaseIArchive::grantElements(std::size_t count, std::size_t elementSize)
+{
+    const std::size_t granted = std::min(count, _grantedRest / elementSize);
+    _grantedRest -= granted * elementSize;
+    return granted;
+}
+
+void BaseIArchive::setInputSize(std::size_t size)
+{
+    _grantedRest = 2 * size;
+}
+
 boost::shared_ptr<BaseSerializationObject> BaseIArchive::readObject(std::string_view name)
 {
-    // The end of the section raises where something else stands in its place; by then the object has to have an owner that
-    // is no return value, for which clang 14 forgets the destructor.
+    // See readObject<T>().
     boost::shared_ptr<BaseSerializationObject> pObject;
     {
         const ArchiveSectionManager section(*this, name);
-        readItem("className", _className);
-        if (!_className.empty())
-        {
-            const DynamicObjectFactory& factory = DynamicObjectFactory::getInstance();
-            OVRIXSERIALIZATION_RAISE_UNLESS(factory.isRegistred(_className), 7, details::quote(_className),
-                                            getSectionPath());
-            pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(_className));
-            OVRIXSERIALIZATION_RAISE_UNLESS(pObject, 7, details::quote(_className), getSectionPath());
-            const BoolResult result = pObject->read(*this);
-            OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, pObject->getClassName(), result.getMessage());
-        }
+        pObject = createObject();
+        if (pObject)
+            readContent(*pObject);
     }
     return pObject;
+}
+
+boost::shared_ptr<BaseSerializationObject> BaseIArchive::createObject()
+{
+    readItem("className", _className);
+    if (_className.empty())
+        return nullptr;
+    const DynamicObjectFactory& factory = DynamicObjectFactory::getInstance();
+    OVRIXSERIALIZATION_RAISE_UNLESS(factory.isRegistred(_className), 7, details::quote(_className), getSectionPath());
+    auto pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(_className));
+    OVRIXSERIALIZATION_RAISE_UNLESS(pObject, 7, details::quote(_className), getSectionPath());
+    return pObject;
+}
+
+void BaseIArchive::readContent(BaseSerializationObject& object)
+{
+    const BoolResult result = object.read(*this);
+    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, object.getClassName(), getSectionPath(), result.getMessage());
+}
+
+void BaseIArchive::raiseForeignClass(const std::string& wantedName, const BaseSerializationObject& object) const
+{
+    details::raise<details::OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
+        OVRIX_FAILURE_SITE, 13, wantedName, object.getClassName(), getSectionPath());
 }
 
 } // namespace ovrix

@@ -2,6 +2,7 @@
 #include <OVRIXSerialization/BaseOArchive.h>
 #include <OVRIXSerialization/BaseSerializationObject.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
+#include <OVRIXUtil/DynamicObjectFactory.h>
 
 namespace ovrix
 {
@@ -15,12 +16,15 @@ void BaseOArchive::writeItem(std::string_view name, const char* value)
 
 void BaseOArchive::writeObject(std::string_view name, const BaseSerializationObject* pObject)
 {
+    OVRIXSERIALIZATION_RAISE_UNLESS(!pObject ||
+                                        DynamicObjectFactory::getInstance().isRegistred(pObject->getClassName()),
+                                    32, pObject->getClassName(), getSectionPath());
     const ArchiveSectionManager section(*this, name);
     writeItem("className", pObject ? std::string_view(pObject->getClassName()) : std::string_view());
     if (!pObject)
         return;
     const BoolResult result = pObject->write(*this);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 11, pObject->getClassName(), result.getMessage());
+    OVRIXSERIALIZATION_RAISE_UNLESS(result, 11, pObject->getClassName(), getSectionPath(), result.getMessage());
 }
 
 } // namespace ovrix

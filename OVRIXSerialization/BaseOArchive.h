@@ -16,7 +16,9 @@ class BaseSerializationObject;
 /// An archive that is being written.
 ///
 /// Values are written as items: `archive << makeOItem("size", size)`. The operations below are what items and objects
-/// stand on. All of them raise an OVRIXSerializationException when the stream fails, or when the archive is closed.
+/// stand on. All of them raise an OVRIXSerializationException when the stream fails, or when the archive is closed. Once
+/// the stream has failed everything raises, close() too, also when the stream has been cleared: what it holds is no
+/// archive, and writing starts again with a new one.
 class OVRIXSERIALIZATION_EXPORT BaseOArchive : public BaseArchive
 {
 public:
@@ -49,9 +51,11 @@ public:
     ///
     /// @param name name of the object's section
     /// @param pObject the object, or null
+    /// @throws OVRIXSerializationException when no class of its name is registered with DynamicObjectFactory, so that it
+    ///         could not be read back
     void writeObject(std::string_view name, const BaseSerializationObject* pObject);
 
-    /// Completes the archive and flushes the stream. A second call does nothing.
+    /// Completes the archive and flushes the stream. A second call does nothing; one after a failure raises again.
     ///
     /// Nothing short of close() tells whether everything has reached the stream. The destructor closes an archive whose
     /// sections are closed, but it can't report a failure; it leaves an archive with an open section incomplete, so

@@ -9,6 +9,7 @@ namespace ovrix
 
 class BaseIArchive;
 class BaseOArchive;
+struct SerializableAccess;
 
 /// Base of all objects that archives save and restore; see SerializableObject.h for how a class is made one.
 class OVRIXSERIALIZATION_EXPORT BaseSerializationObject : public BaseDynamicObject
@@ -23,6 +24,11 @@ public:
     virtual BoolResult read(BaseIArchive& archive);
 
 protected:
+    friend SerializableAccess;
+
+    /// The base itself is never read in part; see SerializableObject.h.
+    void cancelRead() {}
+
     BaseSerializationObject() = default;
     BaseSerializationObject(const BaseSerializationObject&) = default;
     BaseSerializationObject& operator=(const BaseSerializationObject&) = default;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <OVRIXSerialization/ArchiveEntry.h>
+#include <OVRIXSerialization/ByteOrder.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 /// @file
 /// What the two sides of the binary archive form agree on; docs/guides/archives.md tells the form as a whole.
@@ -61,17 +63,19 @@ constexpr std::size_t g_maxVarintSize = 10;
 template <class T>
 void storeLittleEndian(char* p, T value)
 {
-    for (std::size_t i = 0; i < sizeof(T); ++i)
-        p[i] = static_cast<char>(static_cast<unsigned char>(value >> (8 * i)));
+    std::memcpy(p, &value, sizeof(T));
+    if constexpr (!g_bLittleEndian)
+        reverseElements(p, 1, sizeof(T));
 }
 
 /// The unsigned number whose bytes stand in little-endian order.
 template <class T>
 T loadLittleEndian(const char* p)
 {
-    T value = 0;
-    for (std::size_t i = 0; i < sizeof(T); ++i)
-        value |= static_cast<T>(static_cast<T>(static_cast<unsigned char>(p[i])) << (8 * i));
+    T value;
+    std::memcpy(&value, p, sizeof(T));
+    if constexpr (!g_bLittleEndian)
+        reverseElements(&value, 1, sizeof(T));
     return value;
 }
 

@@ -28,7 +28,7 @@ std::string toHex(std::uint64_t value)
 } // namespace
 
 BinaryFrameReader::BinaryFrameReader(std::istream& stream, const BaseArchive& archive)
-    : _stream(stream), _archive(archive)
+    : _stream(stream, archive), _archive(archive)
 {
     char header[g_binaryHeaderSize] = {};
     const std::size_t size = _stream.read(header, sizeof(header));
@@ -64,7 +64,7 @@ void BinaryFrameReader::read(void* pData, std::size_t size)
         const std::size_t nbRead = _stream.read(p, frameSize);
         OVRIXSERIALIZATION_RAISE_UNLESS(nbRead == frameSize, 4, "more of a frame", _archive.getSectionPath());
         check(header, p);
-        _frameOffset += frameSize;
+        _endOffset += frameSize;
         p += frameSize;
         size -= frameSize;
     }
@@ -93,9 +93,9 @@ BinaryFrameReader::Header BinaryFrameReader::readHeader()
     header.length = loadLittleEndian<std::uint32_t>(bytes);
     header.checksum = loadLittleEndian<std::uint64_t>(bytes + sizeof(header.length));
     const std::uint32_t size = header.length & ~g_lastFrameFlag;
-    const bool bLast = size != header.length;
-    OVRIXSERIALIZATION_RAISE_UNLESS((size > 0 || bLast) && size <= g_maxFrameSize, 20, _nbFrames, size, g_maxFrameSize,
-                                    _archive.getSectionPath());
+    const std::uint32_t minSize = size == header.length ? 1 : 0; // the last frame may be empty
+    OVRIXSERIALIZATION_RAISE_UNLESS(minSize <= size && size <= g_maxFrameSize, 20, _nbFrames, size, minSize,
+                                    g_maxFrameSize, _archive.getSectionPath());
     OVRIXSERIALIZATION_RAISE_UNLESS(size <= _stream.getRest(), 4, "more of a frame", _archive.getSectionPath());
     return header;
 }
@@ -134,9 +134,9 @@ void BinaryFrameReader::check(const Header& header, const char* pContent)
 
 void BinaryFrameReader::beginFrame(std::size_t size)
 {
-    _frameOffset += _frameSize;
-    _frameSize = size;
-    _position = 0;
+    _pNext = _pFrame.get();
+    _pFrameEnd = _pNext + size;
+    _endOffset += size;
 }
 
 } // namespace details

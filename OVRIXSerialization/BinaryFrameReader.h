@@ -26,11 +26,22 @@ public:
     /// The next `size` bytes, if the current frame holds all of them; otherwise null and nothing is consumed.
     const char* take(std::size_t size)
     {
-        if (_frameSize - _position < size)
-            return nullptr;
-        const char* const p = _pFrame.get() + _position;
-        _position += size;
+        const char* const p = look(size);
+        if (p)
+            skipTo(p + size);
         return p;
+    }
+
+    /// The next `size` bytes, if the current frame holds all of them; otherwise null. Nothing is consumed.
+    const char* look(std::size_t size) const
+    {
+        return getFrameRest() < size ? nullptr : _pNext;
+    }
+
+    /// Consumes the bytes in front of `p`, which lies within what look() has given.
+    void skipTo(const char* p)
+    {
+        _pNext = p;
     }
 
     /// Reads the next `size` bytes. Those of whole frames come from the stream without a copy.
@@ -42,7 +53,7 @@ public:
     /// Bytes of the current frame that have not been read.
     std::size_t getFrameRest() const
     {
-        return _frameSize - _position;
+        return static_cast<std::size_t>(_pFrameEnd - _pNext);
     }
 
     /// The most bytes that can still follow, as far as the length of the input is known.
@@ -57,7 +68,7 @@ public:
     /// How many bytes have been read.
     std::uint64_t getOffset() const
     {
-        return _frameOffset + _position;
+        return _endOffset - getFrameRest();
     }
 
 private:
@@ -76,9 +87,9 @@ private:
     const BaseArchive& _archive;
     std::unique_ptr<char[]> _pFrame;
     std::size_t _capacity = 0;
-    std::size_t _frameSize = 0;
-    std::size_t _position = 0;
-    std::uint64_t _frameOffset = 0;
+    const char* _pNext = nullptr;
+    const char* _pFrameEnd = nullptr;
+    std::uint64_t _endOffset = 0; // of the current frame
     std::uint32_t _nbFrames = 0;
     bool _bLastFrame = false;
 };

@@ -17,7 +17,8 @@ constexpr std::size_t g_blockFrameSize = std::size_t(1) << 18;
 
 } // namespace
 
-BinaryFrameWriter::BinaryFrameWriter(std::ostream& stream) : _stream(stream), _pBuffer(new char[s_bufferSize])
+BinaryFrameWriter::BinaryFrameWriter(std::ostream& stream, const BaseArchive& archive)
+    : _stream(stream, archive), _pBuffer(new char[s_bufferSize]), _pEnd(_pBuffer.get())
 {
     char header[g_binaryHeaderSize];
     std::memcpy(header, g_binaryMagic, sizeof(g_binaryMagic));
@@ -30,20 +31,17 @@ void BinaryFrameWriter::write(const void* pData, std::size_t size)
     const char* p = static_cast<const char*>(pData);
     if (size <= s_bufferSize)
     {
-        const std::size_t head = std::min(size, s_bufferSize - _size);
-        std::copy_n(p, head, _pBuffer.get() + _size);
-        _size += head;
-        if (head == size)
-            return;
-        p += head;
-        size -= head;
-        writeFrame(_pBuffer.get(), _size, 0);
-        std::copy_n(p, size, _pBuffer.get());
-        _size = size;
+        const std::size_t head = std::min(size, s_bufferSize - getBufferedSize());
+        append(p, head);
+        if (head < size)
+        {
+            writeBuffer(0);
+            append(p + head, size - head);
+        }
         return;
     }
-    if (_size > 0)
-        writeFrame(_pBuffer.get(), _size, 0);
+    if (getBufferedSize() > 0)
+        writeBuffer(0);
     // The end stays in the buffer: an archive that ends here ends with a frame that its reader needs. One without content
     // would be left in the stream, where the next archive is expected.
     while (size > s_bufferSize)
@@ -53,14 +51,18 @@ void BinaryFrameWriter::write(const void* pData, std::size_t size)
         p += part;
         size -= part;
     }
-    std::copy_n(p, size, _pBuffer.get());
-    _size = size;
+    append(p, size);
 }
 
 void BinaryFrameWriter::finish()
 {
-    writeFrame(_pBuffer.get(), _size, g_lastFrameFlag);
+    writeBuffer(g_lastFrameFlag);
     _stream.flush();
+}
+
+void BinaryFrameWriter::writeBuffer(std::uint32_t flags)
+{
+    writeFrame(_pBuffer.get(), getBufferedSize(), flags);
 }
 
 void BinaryFrameWriter::writeFrame(const char* pContent, std::size_t size, std::uint32_t flags)
@@ -69,10 +71,17 @@ void BinaryFrameWriter::writeFrame(const char* pContent, std::size_t size, std::
     char header[g_frameHeaderSize];
     storeLittleEndian(header, length);
     storeLittleEndian(header + sizeof(length), computeFrameChecksum(pContent, _frameNumber, length));
+    // When the stream fails the buffer stays full, so that whatever comes next comes here and raises as well.
+    _pEnd = _pBuffer.get() + s_bufferSize;
     _stream.write(header, sizeof(header));
     _stream.write(pContent, size);
     ++_frameNumber;
-    _size = 0;
+    _pEnd = _pBuffer.get();
+}
+
+void BinaryFrameWriter::append(const char* p, std::size_t size)
+{
+    _pEnd = std::copy_n(p, size, _pEnd);
 }
 
 } // namespace details

@@ -12,25 +12,28 @@ namespace ovrix
 namespace details
 {
 
-/// Cuts a stream of bytes into the frames of a binary archive. Everything raises when the stream fails.
+/// Cuts a stream of bytes into the frames of a binary archive. When the stream fails it raises, and so does everything
+/// from then on.
 class BinaryFrameWriter
 {
 public:
     /// Writes the header of the archive.
-    explicit BinaryFrameWriter(std::ostream& stream);
+    ///
+    /// @param archive whose section path stands in messages
+    BinaryFrameWriter(std::ostream& stream, const BaseArchive& archive);
 
     /// Room for `size` bytes, at most s_bufferSize, of which commit() takes those that were filled.
     char* reserve(std::size_t size)
     {
-        if (s_bufferSize - _size < size)
-            writeFrame(_pBuffer.get(), _size, 0);
-        return _pBuffer.get() + _size;
+        if (static_cast<std::size_t>(_pBuffer.get() + s_bufferSize - _pEnd) < size)
+            writeBuffer(0);
+        return _pEnd;
     }
 
     /// Takes the bytes up to `pEnd`, which lies within the room of the last reserve().
-    void commit(const char* pEnd)
+    void commit(char* pEnd)
     {
-        _size = static_cast<std::size_t>(pEnd - _pBuffer.get());
+        _pEnd = pEnd;
     }
 
     /// Writes bytes; many of them go to the stream without a copy.
@@ -39,15 +42,28 @@ public:
     /// Writes the last frame and flushes the stream.
     void finish();
 
+    /// The stream below.
+    const StreamWriter& getStream() const
+    {
+        return _stream;
+    }
+
     /// Frames of single items are made when that many bytes have come together.
     static constexpr std::size_t s_bufferSize = std::size_t(1) << 16;
 
 private:
+    void writeBuffer(std::uint32_t flags);
     void writeFrame(const char* pContent, std::size_t size, std::uint32_t flags);
+    void append(const char* p, std::size_t size);
+
+    std::size_t getBufferedSize() const
+    {
+        return static_cast<std::size_t>(_pEnd - _pBuffer.get());
+    }
 
     StreamWriter _stream;
     std::unique_ptr<char[]> _pBuffer;
-    std::size_t _size = 0;
+    char* _pEnd;
     std::uint32_t _frameNumber = 0;
 };
 

@@ -9,7 +9,9 @@
 #include <cstdint>
 #include <cstring>
 #include <deque>
+#include <set>
 #include <utility>
+#include <vector>
 
 namespace ovrix
 {
@@ -30,17 +32,17 @@ public:
     struct Head
     {
         eArchiveEntry type = eAE_ArchiveEnd;
-        const std::string* pName = nullptr;
+        std::string_view name;
         std::size_t blockSize = 0;
 
         bool is(eArchiveEntry wantedType, std::string_view wantedName) const
         {
-            return type == wantedType && *pName == wantedName;
+            return type == wantedType && name == wantedName;
         }
 
         bool isItem(std::string_view wantedName) const
         {
-            return getItemTypeName(type) && *pName == wantedName;
+            return getItemTypeName(type) && name == wantedName;
         }
     };
 
@@ -60,6 +62,48 @@ public:
     void consume()
     {
         _bPeeked = false;
+    }
+
+    /// Consumes the entry of that type and name if it stands next, and `valueSize` bytes behind it.
+    ///
+    /// This is the short way through archives that hold what is asked for. It looks at nothing but whole entries within
+    /// a frame, under names that have been met before; peek() is for the rest.
+    ///
+    /// @return the address of the bytes, or null when nothing was consumed
+    const char* takeExpected(eArchiveEntry type, std::string_view name, std::size_t valueSize)
+    {
+        constexpr std::size_t maxNumberSize = 2;
+        const char* p = _frames.look(1 + maxNumberSize + valueSize);
+        if (_bPeeked || !p || *p++ != details::getTag(type))
+            return nullptr;
+        std::size_t number = static_cast<unsigned char>(*p++);
+        if (number >= 0x80)
+        {
+            const std::size_t high = static_cast<unsigned char>(*p++);
+            number = high < 0x80 ? high << 7 | (number & 0x7F) : 0;
+        }
+        if (number == 0 || number > _names.size() || !details::areSameNames(_names[number - 1], name))
+            return nullptr;
+        if (type == eAE_Section)
+            _head.name = _names[number - 1];
+        _frames.skipTo(p + valueSize);
+        return p;
+    }
+
+    /// Consumes the end of a section if it stands next.
+    bool takeSectionEnd()
+    {
+        const char* const p = _frames.look(1);
+        if (_bPeeked || !p || *p != details::getTag(eAE_SectionEnd))
+            return false;
+        _frames.skipTo(p + 1);
+        return true;
+    }
+
+    /// Name of the section that was consumed last. It stays where it is.
+    std::string_view getSectionName() const
+    {
+        return _head.name;
     }
 
     template <class T>
@@ -97,10 +141,15 @@ public:
         _frames.read(pData, size);
     }
 
+    bool isLengthKnown() const
+    {
+        return _frames.isLengthKnown();
+    }
+
     /// How many bytes memory may be taken for before they are read.
     std::size_t getGrant() const
     {
-        return _frames.isLengthKnown() ? _frames.getMaxRest() : std::max(_frames.getFrameRest(), g_sizeStep);
+        return isLengthKnown() ? _frames.getMaxRest() : std::max(_frames.getFrameRest(), g_sizeStep);
     }
 
     /// Checks that so many elements can still follow.
@@ -133,12 +182,12 @@ private:
             head.blockSize = readVarint();
             break;
         default:
-            head.pName = &readName();
+            head.name = readName();
         }
         return head;
     }
 
-    const std::string& readName()
+    std::string_view readName()
     {
         const std::uint64_t number = readVarint();
         if (number == 0)
@@ -146,9 +195,11 @@ private:
             const std::size_t size = readVarint();
             checkRest(size, 1);
             details::checkNameSize(size, _archive);
-            std::string name(size, '\0');
+            std::string& name = _nameStorage.emplace_back(size, '\0');
             _frames.read(&name[0], size);
-            return _names.emplace_back(std::move(name));
+            if (!_distinctNames.insert(name).second)
+                raiseMalformed("there is a name that has a number already");
+            return _names.emplace_back(name);
         }
         if (number > _names.size())
             raiseMalformed("there is a name number that was given to no name");
@@ -172,12 +223,18 @@ private:
 
     details::BinaryFrameReader _frames;
     const BaseArchive& _archive;
-    std::deque<std::string> _names;
+    std::deque<std::string> _nameStorage;
+    std::vector<std::string_view> _names;
+    std::set<std::string_view> _distinctNames; // sorted: hashes could be made to collide
     Head _head;
     bool _bPeeked = false;
 };
 
-BinaryIArchive::BinaryIArchive(std::istream& stream) : BaseIArchive(false), _pDecoder(new Decoder(stream, *this)) {}
+BinaryIArchive::BinaryIArchive(std::istream& stream) : BaseIArchive(false), _pDecoder(new Decoder(stream, *this))
+{
+    if (_pDecoder->isLengthKnown())
+        setInputSize(_pDecoder->getGrant());
+}
 
 BinaryIArchive::~BinaryIArchive() = default;
 
@@ -217,7 +274,8 @@ void BinaryIArchive::readItem(std::string_view name, double& value)
 
 void BinaryIArchive::readItem(std::string_view name, std::string& value)
 {
-    expectItem(eAE_String, name);
+    if (!_pDecoder->takeExpected(eAE_String, name, 0))
+        expectItem(eAE_String, name);
     _pDecoder->readString(value);
 }
 
@@ -229,7 +287,7 @@ void BinaryIArchive::checkRemainingSize(std::size_t count, std::size_t elementSi
 ArchiveEntry BinaryIArchive::peekEntry()
 {
     const Decoder::Head& head = _pDecoder->peek();
-    return {head.type, head.pName ? *head.pName : std::string(), head.blockSize};
+    return {head.type, std::string(head.name), head.blockSize};
 }
 
 std::size_t BinaryIArchive::openBlock(std::size_t size)
@@ -247,17 +305,26 @@ void BinaryIArchive::readBlockPart(void* pData, std::size_t size)
     _pDecoder->read(pData, size);
 }
 
-void BinaryIArchive::processOpenSection(std::string_view name)
+std::string_view BinaryIArchive::processOpenSection(std::string_view name)
 {
-    OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().is(eAE_Section, name), 0, details::quote(name),
-                                    describe(peekEntry()), getSectionPath());
-    _pDecoder->consume();
+    if (!_pDecoder->takeExpected(eAE_Section, name, 0))
+        expectSection(name);
+    return _pDecoder->getSectionName();
 }
 
 void BinaryIArchive::processCloseSection()
 {
+    if (_pDecoder->takeSectionEnd())
+        return;
     OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().type == eAE_SectionEnd, 14, getSectionPath(),
                                     describe(peekEntry()));
+    _pDecoder->consume();
+}
+
+void BinaryIArchive::expectSection(std::string_view name)
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().is(eAE_Section, name), 0, details::quote(name),
+                                    describe(peekEntry()), getSectionPath());
     _pDecoder->consume();
 }
 
@@ -276,6 +343,13 @@ void BinaryIArchive::expectItem(eArchiveEntry type, std::string_view name)
 
 template <class T>
 T BinaryIArchive::readNumber(eArchiveEntry type, std::string_view name)
+{
+    const char* const p = _pDecoder->takeExpected(type, name, sizeof(T));
+    return p ? details::loadLittleEndian<T>(p) : readOtherNumber<T>(type, name);
+}
+
+template <class T>
+T BinaryIArchive::readOtherNumber(eArchiveEntry type, std::string_view name)
 {
     expectItem(type, name);
     return _pDecoder->readNumber<T>();

@@ -15,7 +15,8 @@ namespace ovrix
 /// Reads the binary archive form.
 ///
 /// The stream must be open in binary mode and outlive the archive. Nothing is read of the stream beyond what is asked
-/// for, but for the rest of a frame.
+/// for, but for the rest of a frame. So the stream stands behind the archive when its last entry has been read, or when
+/// peekEntry() has given eAE_ArchiveEnd, which is how to get behind an archive that may be empty.
 ///
 /// ```cpp
 /// std::ifstream file("results.bin", std::ios::binary);
@@ -51,14 +52,21 @@ protected:
 private:
     class Decoder;
 
-    void processOpenSection(std::string_view name) override;
+    std::string_view processOpenSection(std::string_view name) override;
     void processCloseSection() override;
 
-    /// Consumes tag and name of an item, which must be those given.
+    /// @{
+    /// Consumes tag and name of a section or an item, which must be those given.
+    void expectSection(std::string_view name);
     void expectItem(eArchiveEntry type, std::string_view name);
+    /// @}
 
     template <class T>
     T readNumber(eArchiveEntry type, std::string_view name);
+
+    /// Reads a number for which there is no short way. It stands apart to keep the short way short.
+    template <class T>
+    [[gnu::noinline]] T readOtherNumber(eArchiveEntry type, std::string_view name);
 
     std::unique_ptr<Decoder> _pDecoder;
 };

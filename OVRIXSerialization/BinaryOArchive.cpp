@@ -2,14 +2,11 @@
 #include <OVRIXSerialization/BinaryForm.h>
 #include <OVRIXSerialization/BinaryFrameWriter.h>
 #include <OVRIXSerialization/BinaryOArchive.h>
+#include <OVRIXSerialization/NameIndex.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <cstdint>
 #include <cstring>
-#include <deque>
-#include <exception>
-#include <string>
-#include <unordered_map>
 #include <utility>
 
 namespace ovrix
@@ -19,7 +16,7 @@ namespace ovrix
 class BinaryOArchive::Encoder
 {
 public:
-    Encoder(std::ostream& stream, const BaseArchive& archive) : _frames(stream), _archive(archive) {}
+    Encoder(std::ostream& stream, const BaseArchive& archive) : _frames(stream, archive), _archive(archive) {}
 
     /// Writes tag and name, and behind them the bytes of an unsigned number.
     template <class T>
@@ -34,6 +31,12 @@ public:
     void writeHead(eArchiveEntry type, std::string_view name)
     {
         _frames.commit(reserveEntry(type, name, 0));
+    }
+
+    /// The name that was written last; stays where it is.
+    std::string_view getLastName() const
+    {
+        return _names.getName(_lastName);
     }
 
     /// Writes a tag and nothing else.
@@ -56,36 +59,41 @@ public:
         _frames.finish();
     }
 
+    const details::StreamWriter& getStream() const
+    {
+        return _frames.getStream();
+    }
+
 private:
     /// Stores tag and name; the room behind them holds `valueSize` bytes.
     char* reserveEntry(eArchiveEntry type, std::string_view name, std::size_t valueSize)
     {
-        const auto found = _nameNumbers.find(name);
-        if (found == _nameNumbers.end())
+        _lastName = _names.find(name);
+        if (_lastName == 0)
         {
-            details::checkNameSize(name.size(), _archive);
-            writeTag(type);
-            addName(name);
+            writeNewName(type, name);
             return _frames.reserve(valueSize);
         }
         char* p = _frames.reserve(1 + details::g_maxVarintSize + valueSize);
         *p++ = details::getTag(type);
-        return details::storeVarint(p, found->second);
+        return details::storeVarint(p, _lastName);
     }
 
-    /// Writes a new name behind the number 0.
-    void addName(std::string_view name)
+    /// Writes tag and name; a name that is new stands behind the number 0.
+    void writeNewName(eArchiveEntry type, std::string_view name)
     {
-        _frames.commit(details::storeVarint(_frames.reserve(details::g_maxVarintSize), 0));
+        details::checkNameSize(name.size(), _archive);
+        char* p = _frames.reserve(2);
+        *p++ = details::getTag(type);
+        _frames.commit(details::storeVarint(p, 0));
         writeBytes(name.data(), name.size());
-        _names.emplace_back(name);
-        _nameNumbers.emplace(_names.back(), _names.size());
+        _lastName = _names.add(name);
     }
 
     details::BinaryFrameWriter _frames;
     const BaseArchive& _archive;
-    std::deque<std::string> _names;
-    std::unordered_map<std::string_view, std::uint64_t> _nameNumbers;
+    details::NameIndex _names;
+    std::size_t _lastName = 0;
 };
 
 BinaryOArchive::BinaryOArchive(std::ostream& stream) : BaseOArchive(false), _pEncoder(new Encoder(stream, *this)) {}
@@ -94,10 +102,10 @@ BinaryOArchive::~BinaryOArchive()
 {
     try
     {
-        if (getSectionDepth() == 0)
+        if (_pEncoder && !_pEncoder->getStream().hasFailed() && getSectionDepth() == 0)
             close();
     }
-    catch (const std::exception&)
+    catch (...)
     {
         // It has been logged; a destructor can tell no more.
     }
@@ -151,15 +159,16 @@ void BinaryOArchive::close()
 {
     if (!_pEncoder)
         return;
+    _pEncoder->getStream().check();
     OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() == 0, 22, getSectionPath());
-    // Whatever comes of it, there is no second attempt.
-    const std::unique_ptr<Encoder> pEncoder = std::move(_pEncoder);
-    pEncoder->finish();
+    _pEncoder->finish();
+    _pEncoder.reset();
 }
 
-void BinaryOArchive::processOpenSection(std::string_view name)
+std::string_view BinaryOArchive::processOpenSection(std::string_view name)
 {
     getEncoder().writeHead(eAE_Section, name);
+    return getEncoder().getLastName();
 }
 
 void BinaryOArchive::processCloseSection()

@@ -49,7 +49,7 @@ public:
 private:
     class Encoder;
 
-    void processOpenSection(std::string_view name) override;
+    std::string_view processOpenSection(std::string_view name) override;
     void processCloseSection() override;
     Encoder& getEncoder();
 

@@ -5,7 +5,6 @@
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/SerializationItem.h>
 
-#include <boost/pointer_cast.hpp>
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
@@ -94,10 +93,7 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<boost::
     {
         const ArchiveSectionManager section(archive, item.getName());
         const ArchiveSectionManager typeSection(archive, details::getSharedPtrSectionName<T>());
-        const boost::shared_ptr<BaseSerializationObject> pObject = archive.readObject("pObject");
-        pTyped = boost::dynamic_pointer_cast<T>(pObject);
-        OVRIXSERIALIZATION_RAISE_UNLESS(!pObject || pTyped, 13, T::getTypeName(), pObject->getClassName(),
-                                        archive.getSectionPath());
+        pTyped = archive.readObject<T>("pObject");
     }
     item.getValue() = std::move(pTyped);
     return archive;
@@ -168,11 +164,19 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::ve
         else
         {
             const std::size_t size = details::readContainerSize(archive);
+            values.reserve(archive.grantElements(size, sizeof(T)));
             for (std::size_t i = 0; i < size; ++i)
             {
-                T value{};
-                archive >> makeIItem("value", value);
-                values.push_back(std::move(value));
+                if constexpr (std::is_same<T, bool>::value)
+                {
+                    bool value = false;
+                    archive >> makeIItem("value", value);
+                    values.push_back(value);
+                }
+                else
+                {
+                    archive >> makeIItem("value", values.emplace_back());
+                }
             }
         }
     }

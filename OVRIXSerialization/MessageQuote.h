@@ -8,12 +8,12 @@ namespace ovrix
 namespace details
 {
 
-/// What an archive holds, fit to stand in a message: cut to a moderate length, since a broken archive can hold anything.
-inline std::string quote(std::string_view text)
-{
-    constexpr std::size_t maxSize = 200;
-    return text.size() <= maxSize ? std::string(text) : std::string(text.substr(0, maxSize)) + "...";
-}
+/// Appends what an archive holds, fit to stand in a message: at most 200 bytes of it and "..." behind them, since a broken
+/// archive can hold anything, and control characters and bytes that are no UTF-8 as the text archive form escapes them.
+void appendQuote(std::string& message, std::string_view text);
+
+/// The same as a string of its own.
+std::string quote(std::string_view text);
 
 } // namespace details
 } // namespace ovrix

@@ -40,16 +40,34 @@ struct NumberItem
     using Type = std::conditional_t<std::is_floating_point<T>::value, double, Integer>;
 };
 
+/// A number as double, the bits of a NaN kept: the conversion of the language makes a signalling one a quiet one.
+OVRIXSERIALIZATION_EXPORT double widen(float number);
+
+/// The number nearest to a double. The bits of a NaN are kept as far as there are as many.
+OVRIXSERIALIZATION_EXPORT float narrow(double number);
+
+/// The item that stands for an element.
+template <class T>
+typename NumberItem<T>::Type toItem(T element)
+{
+    if constexpr (std::is_same<T, float>::value)
+        return widen(element);
+    else
+        return element;
+}
+
 /// Stores an item in an element.
 ///
 /// @return whether it lies in the range of the element's type
 template <class T>
 bool storeItem(typename NumberItem<T>::Type item, T& element)
 {
-    if constexpr (std::is_floating_point<T>::value)
+    if constexpr (std::is_same<T, float>::value)
     {
-        if (std::isfinite(item) && std::abs(item) > std::numeric_limits<T>::max())
+        if (std::isfinite(item) && std::abs(item) > std::numeric_limits<float>::max())
             return false;
+        element = narrow(item);
+        return true;
     }
     else if constexpr (sizeof(T) < sizeof(item))
     {
@@ -85,7 +103,7 @@ void writeNumbers(BaseOArchive& archive, const T* pFirst, std::size_t count)
         return;
     }
     for (std::size_t i = 0; i < count; ++i)
-        archive.writeItem("value", static_cast<typename NumberItem<T>::Type>(pFirst[i]));
+        archive.writeItem("value", toItem(pFirst[i]));
 }
 
 /// Reads what writeNumbers() wrote.

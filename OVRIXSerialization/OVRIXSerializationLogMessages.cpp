@@ -22,9 +22,9 @@ const bool g_bRegistred = details::registerMessages(
         /* 7 */ "Archive holds an object of unknown class \"%s\", in section \"%s\"",
         /* 8 */ "Input is not an archive, %s",
         /* 9 */ "Archive has format version %d, which is newer than supported version %d",
-        /* 10 */ "Stream has failed, archive can't be %s",
-        /* 11 */ "Object of class %s can't be written\n%s",
-        /* 12 */ "Object of class %s can't be read\n%s",
+        /* 10 */ "Stream has failed, archive can't be %s, in section \"%s\"",
+        /* 11 */ "Object of class %s can't be written, in section \"%s\"\n%s",
+        /* 12 */ "Object of class %s can't be read, in section \"%s\"\n%s",
         /* 13 */ "Expecting an object of class %s while archive holds an object of class %s, in section \"%s\"",
         /* 14 */ "Expecting the end of section \"%s\" while archive holds %s",
         /* 15 */ "Archive is closed",
@@ -32,7 +32,7 @@ const bool g_bRegistred = details::registerMessages(
         /* 17 */ "Class %s has no version in archive",
         /* 18 */ "Expecting a block of %d bytes while archive holds %s, in section \"%s\"",
         /* 19 */ "Archive can't be parsed, %s at offset %d, in section \"%s\"",
-        /* 20 */ "Frame %d of archive has length %d, which is not in [1, %d], in section \"%s\"",
+        /* 20 */ "Frame %d of archive has length %d, which is not in [%d, %d], in section \"%s\"",
         /* 21 */ "Text archives hold no blocks",
         /* 22 */ "Archive can't be closed while section \"%s\" is open",
         /* 23 */ "Archive holds %s behind its end",
@@ -44,6 +44,8 @@ const bool g_bRegistred = details::registerMessages(
         /* 29 */ "Size %d is more than archives can hold, in section \"%s\"",
         /* 30 */ "Object of class %s can't be restored, %s, in section \"%s\"",
         /* 31 */ "Name of %d bytes is longer than the %d that archives can hold, in section \"%s\"",
+        /* 32 */ "Object can't be written, its class %s is not registered and could not be created, in section \"%s\"",
+        /* 33 */ "Bounded type holds %s elements while archives hold all %s of its type, in section \"%s\"",
     });
 
 } // namespace

@@ -7,22 +7,20 @@ namespace ovrix
 namespace details
 {
 
-void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version)
+void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 (*getVersion)())
 {
-    if (archive.isClassVersionRegistred(className))
-        return;
     const ArchiveSectionManager section(archive, className);
+    const ovUInt32 version = getVersion();
     archive << makeOItem("version", version);
     archive.registerClassVersion(className, version);
 }
 
-ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 version)
+ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className, ovUInt32 (*getVersion)())
 {
-    if (archive.isClassVersionRegistred(className))
-        return archive.getRegisterClassVersion(className);
     const ArchiveSectionManager section(archive, className);
     ovUInt32 archiveVersion = 0;
     archive >> makeIItem("version", archiveVersion);
+    const ovUInt32 version = getVersion();
     OVRIXSERIALIZATION_RAISE_UNLESS(archiveVersion <= version, 25, archiveVersion, std::string(className), version);
     archive.registerClassVersion(className, archiveVersion);
     return archiveVersion;

@@ -10,6 +10,8 @@
 
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
 /// @file
 /// Name, version and archive form of a serialisable class; SerializableObject.h shows such a class as a whole.
@@ -42,15 +44,23 @@ namespace ovrix
 namespace details
 {
 
-/// Writes the section that holds a class's version, unless the archive has it already.
-OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::string_view className, ovUInt32 version);
+/// Writes the section that holds a class's version, which the archive does not have yet.
+///
+/// @param getVersion of the class; it takes a lock, and is called when the version is written only
+OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::string_view className,
+                                                 ovUInt32 (*getVersion)());
 
-/// Reads the section that holds a class's version, unless the archive has been asked for it already.
+/// Reads the section that holds a class's version, which the archive has not been asked for yet.
 ///
 /// @return the archive's version
-/// @throws OVRIXSerializationException when it is newer than `version`
+/// @throws OVRIXSerializationException when it is newer than that of the class
 OVRIXSERIALIZATION_EXPORT ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className,
-                                                    ovUInt32 version);
+                                                    ovUInt32 (*getVersion)());
+
+/// What stands in the place of something that a class has to declare and doesn't.
+struct NotDeclared
+{
+};
 
 /// Guards the first call of a class's `getTypeName()`.
 template <class Derived>
@@ -127,24 +137,49 @@ private:
 /// Friend of serialisable classes; reaches what they say of themselves.
 struct SerializableAccess
 {
+    /// Whether the class declares its full name; it would take that of its base otherwise.
+    template <class Derived>
+    static constexpr bool hasClassName()
+    {
+        return !std::is_same<decltype(Derived::s_className), const details::NotDeclared>::value;
+    }
+
     /// Full name of the class.
     template <class Derived>
     static constexpr const char* className()
     {
+        static_assert(hasClassName<Derived>(), "A serialisable class declares its s_className");
         return Derived::s_className;
+    }
+
+    /// Whether the class declares a version of its own.
+    template <class Derived>
+    static constexpr bool hasClassVersion()
+    {
+        return !std::is_same<decltype(Derived::s_classVersion), const details::NotDeclared>::value;
     }
 
     /// Version of its archive form.
     template <class Derived>
     static constexpr ovUInt32 classVersion()
     {
+        static_assert(hasClassVersion<Derived>(), "A serialisable class declares its s_classVersion");
         return Derived::s_classVersion;
+    }
+
+    /// Whether the class describes its own items.
+    template <class Derived>
+    static constexpr bool hasItems()
+    {
+        using Items = decltype(Derived::describeItems(std::declval<details::ItemReader&>(), std::declval<Derived&>()));
+        return !std::is_same<Items, details::NotDeclared>::value;
     }
 
     /// Hands each of its items to `items`.
     template <class Derived, class Items, class Self>
     static void describeItems(Items& items, Self& self)
     {
+        static_assert(hasItems<Derived>(), "A serialisable class describes its items by describeItems()");
         Derived::describeItems(items, self);
     }
 
@@ -155,10 +190,26 @@ struct SerializableAccess
         object.finishRead(archive);
     }
 
+    /// Tells it that it has not been read to the end.
+    template <class Derived>
+    static void cancelRead(Derived& object)
+    {
+        object.cancelRead();
+    }
+
+    /// Whether the class copies its own members.
+    template <class Derived>
+    static constexpr bool hasMembersToCopy()
+    {
+        using Copied = decltype(std::declval<Derived&>().copyMembers(std::declval<const Derived&>()));
+        return !std::is_same<Copied, details::NotDeclared>::value;
+    }
+
     /// Copies its members.
     template <class Derived>
     static void copyMembers(Derived& target, const Derived& source)
     {
+        static_assert(hasMembersToCopy<Derived>(), "A class with copy support copies its members by copyMembers()");
         target.copyMembers(source);
     }
 };
@@ -195,18 +246,42 @@ public:
     /// Writes the base, the version of the class at its first object in the archive, and the items of the class.
     BoolResult write(BaseOArchive& archive) const override;
 
-    /// Reads what write() wrote, also by an older version of the class.
+    /// Reads what write() wrote, also by an older version of the class. An object that can be not initialised is so
+    /// when that fails; any other may have been read in part.
     ///
     /// @throws OVRIXSerializationException when the archive was written by a newer version of the class, or holds items
     ///         that do not fit together
     BoolResult read(BaseIArchive& archive) override;
 
 protected:
+    friend SerializableAccess;
     using Base::Base;
 
     /// What a class does that has no such function of its own: every value is good.
     void finishRead(const BaseIArchive&) {}
+
+    /// What a class does that has no such function of its own: what its base does.
+    void cancelRead()
+    {
+        SerializableAccess::cancelRead(static_cast<Base&>(*this));
+    }
+
+    /// @{
+    /// Hide what the base declares: a class has these of its own.
+    static constexpr details::NotDeclared s_className = {};
+    static constexpr details::NotDeclared s_classVersion = {};
+    template <class Items, class Self>
+    static details::NotDeclared describeItems(Items& items, Self& self);
+    /// @}
+
+private:
+    /// Initialised while the class's library is being loaded, and makes the mutexes.
+    static const bool s_bMutexesMade;
 };
+
+template <class Derived, class Base>
+const bool SerializableClass<Derived, Base>::s_bMutexesMade = (details::TypeNameMutex<Derived>::get(),
+                                                               details::VersionMutex<Derived>::get(), true);
 
 // The bodies of the next two stand outside of the class, so that they are made in one source file only, where the class
 // describes its items.
@@ -217,9 +292,11 @@ BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const
     BoolResult result = Base::write(archive);
     if (!result)
         return result;
-    constexpr ovUInt32 version = SerializableAccess::classVersion<Derived>();
-    details::writeClassVersion(archive, SerializableAccess::className<Derived>(), version);
-    details::ItemWriter items(archive, version);
+    static_cast<void>(s_bMutexesMade);
+    constexpr std::string_view className = SerializableAccess::className<Derived>();
+    if (!archive.isClassVersionRegistred(className))
+        details::writeClassVersion(archive, className, getVersion);
+    details::ItemWriter items(archive, SerializableAccess::classVersion<Derived>());
     SerializableAccess::describeItems<Derived>(items, static_cast<const Derived&>(*this));
     return true;
 }
@@ -227,15 +304,28 @@ BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const
 template <class Derived, class Base>
 BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
 {
-    BoolResult result = Base::read(archive);
-    if (!result)
-        return result;
-    const ovUInt32 version = details::readClassVersion(archive, SerializableAccess::className<Derived>(),
-                                                       SerializableAccess::classVersion<Derived>());
-    details::ItemReader items(archive, version);
-    SerializableAccess::describeItems<Derived>(items, static_cast<Derived&>(*this));
-    SerializableAccess::finishRead(static_cast<Derived&>(*this), archive);
-    return true;
+    auto& object = static_cast<Derived&>(*this);
+    try
+    {
+        BoolResult result = Base::read(archive);
+        if (!result)
+        {
+            SerializableAccess::cancelRead(object);
+            return result;
+        }
+        constexpr std::string_view className = SerializableAccess::className<Derived>();
+        const ovUInt32* const pVersion = archive.findClassVersion(className);
+        details::ItemReader items(archive,
+                                  pVersion ? *pVersion : details::readClassVersion(archive, className, getVersion));
+        SerializableAccess::describeItems<Derived>(items, object);
+        SerializableAccess::finishRead(object, archive);
+        return true;
+    }
+    catch (...)
+    {
+        SerializableAccess::cancelRead(object);
+        throw;
+    }
 }
 
 } // namespace ovrix

@@ -52,6 +52,10 @@
 /// It is called when the items have been read, and raises for what no object of the class can be: archives come from
 /// anywhere.
 ///
+/// A class whose objects can be not initialised has a fourth one, `void cancelRead()`. It is called when reading the object
+/// has failed, in the class or in one that is derived from it, and makes the object not initialised: what was read in part
+/// must not pass for what was written. A class without it does what its base does.
+///
 /// SerializableClass.h shows how a class that has changed its items reads those of its older versions.
 
 namespace ovrix
@@ -116,7 +120,11 @@ public:
     }
 
 protected:
+    friend SerializableAccess;
     using SerializableClass<Derived, Base>::SerializableClass;
+
+    /// Hides what the base declares: a class has one of its own.
+    static details::NotDeclared copyMembers(const Derived& other);
 };
 
 /// Adds the creators of a concrete class.

@@ -28,19 +28,26 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BoolRes
     return archive;
 }
 
+// Objects come in large numbers, so their sections do without ArchiveSectionManager: it asks for exceptions that are under
+// way, which takes longer than writing an item. An exception leaves the section open here too.
+
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<BaseSerializationObject>& item)
 {
-    const ArchiveSectionManager section(archive, item.getName());
+    archive.openSection(item.getName());
     const BoolResult result = item.getValue().write(archive);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 11, item.getValue().getClassName(), result.getMessage());
+    OVRIXSERIALIZATION_RAISE_UNLESS(result, 11, item.getValue().getClassName(), archive.getSectionPath(),
+                                    result.getMessage());
+    archive.closeSection();
     return archive;
 }
 
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BaseSerializationObject>& item)
 {
-    const ArchiveSectionManager section(archive, item.getName());
+    archive.openSection(item.getName());
     const BoolResult result = item.getValue().read(archive);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, item.getValue().getClassName(), result.getMessage());
+    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, item.getValue().getClassName(), archive.getSectionPath(),
+                                    result.getMessage());
+    archive.closeSection();
     return archive;
 }
 

@@ -112,12 +112,16 @@ std::enable_if_t<details::isItemType<T>, BaseIArchive&> operator>>(BaseIArchive&
 
 /// Section of the item's name; items "outcome" and "message".
 OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<BoolResult>& item);
+
+/// Reads what was written so.
 OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BoolResult>& item);
 
 /// Section of the item's name; in it what the object writes. An object that returns failure from `write` or `read`
 /// raises an OVRIXSerializationException.
 OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive,
                                                    const SerializationOItem<BaseSerializationObject>& item);
+
+/// Reads what was written so, into an object of the same class.
 OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive,
                                                    const SerializationIItem<BaseSerializationObject>& item);
 

@@ -1,8 +1,8 @@
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
+#include <OVRIXSerialization/StreamOperation.h>
 #include <OVRIXSerialization/StreamReader.h>
 
 #include <algorithm>
-#include <exception>
 
 namespace ovrix
 {
@@ -25,41 +25,29 @@ std::size_t measure(std::streambuf& buffer, std::size_t unknown)
     return end > here && back == here ? static_cast<std::size_t>(end - here) : unknown;
 }
 
-void checkRead(bool bDone)
-{
-    OVRIXSERIALIZATION_RAISE_UNLESS(bDone, 10, "read");
-}
-
 } // namespace
 
-StreamReader::StreamReader(std::istream& stream) : _stream(stream)
+StreamReader::StreamReader(std::istream& stream, const BaseArchive& archive) : _stream(stream), _archive(archive)
 {
-    checkRead(_stream.good());
-    try
-    {
-        _rest = measure(*_stream.rdbuf(), s_unknown);
-    }
-    catch (const std::exception&)
-    {
-        // A buffer that can't be asked; what is wrong with it shows when it is read.
-    }
+    check(_stream.good());
+    // What is wrong with a buffer that can't be asked shows when it is read.
+    performStreamOperation([&] { _rest = measure(*_stream.rdbuf(), s_unknown); });
 }
 
 std::size_t StreamReader::read(void* pData, std::size_t size)
 {
-    try
-    {
-        _stream.read(static_cast<char*>(pData), static_cast<std::streamsize>(size));
-    }
-    catch (const std::exception&)
-    {
-        // Thrown by a stream that was told to throw, also at its end; its state tells the same.
-    }
+    // A stream that was told to throw does so at its end as well; its state tells what has happened.
+    performStreamOperation([&] { _stream.read(static_cast<char*>(pData), static_cast<std::streamsize>(size)); });
     const auto nbRead = static_cast<std::size_t>(_stream.gcount());
-    checkRead(nbRead == size || (_stream.eof() && !_stream.bad()));
+    check(nbRead == size || (_stream.eof() && !_stream.bad()));
     if (isLengthKnown())
         _rest -= std::min(_rest, nbRead);
     return nbRead;
+}
+
+void StreamReader::check(bool bDone) const
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(bDone, 10, "read", _archive.getSectionPath());
 }
 
 } // namespace details

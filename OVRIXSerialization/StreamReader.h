@@ -1,5 +1,7 @@
 #pragma once
 
+#include <OVRIXSerialization/BaseArchive.h>
+
 #include <cstddef>
 #include <istream>
 
@@ -13,7 +15,9 @@ class StreamReader
 {
 public:
     /// Raises when the stream has failed before.
-    explicit StreamReader(std::istream& stream);
+    ///
+    /// @param archive whose section path stands in messages
+    StreamReader(std::istream& stream, const BaseArchive& archive);
 
     /// Reads as many bytes as there are, at most `size`.
     ///
@@ -33,9 +37,12 @@ public:
     }
 
 private:
+    void check(bool bDone) const;
+
     static constexpr std::size_t s_unknown = static_cast<std::size_t>(-1);
 
     std::istream& _stream;
+    const BaseArchive& _archive;
     std::size_t _rest = s_unknown;
 };
 

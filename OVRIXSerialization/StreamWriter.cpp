@@ -1,26 +1,16 @@
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
+#include <OVRIXSerialization/StreamOperation.h>
 #include <OVRIXSerialization/StreamWriter.h>
-
-#include <exception>
 
 namespace ovrix
 {
 namespace details
 {
 
-namespace
+StreamWriter::StreamWriter(std::ostream& stream, const BaseArchive& archive)
+    : _stream(stream), _archive(archive), _bFailed(!stream.good())
 {
-
-void checkWritten(bool bDone)
-{
-    OVRIXSERIALIZATION_RAISE_UNLESS(bDone, 10, "written");
-}
-
-} // namespace
-
-StreamWriter::StreamWriter(std::ostream& stream) : _stream(stream)
-{
-    checkWritten(_stream.good());
+    check();
 }
 
 void StreamWriter::write(const void* pData, std::size_t size)
@@ -33,20 +23,18 @@ void StreamWriter::flush()
     perform([&] { _stream.flush(); });
 }
 
+void StreamWriter::check() const
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(!_bFailed, 10, "written", _archive.getSectionPath());
+}
+
 template <class Operation>
 void StreamWriter::perform(const Operation& operation)
 {
-    bool bDone = false;
-    try
-    {
-        operation();
-        bDone = _stream.good();
-    }
-    catch (const std::exception&)
-    {
-        // Thrown by a stream that was told to throw; the check below tells the failure in the archive's own way.
-    }
-    checkWritten(bDone);
+    check();
+    _bFailed = true; // also when the thread is cancelled meanwhile
+    _bFailed = !performStreamOperation(operation) || !_stream.good();
+    check();
 }
 
 } // namespace details

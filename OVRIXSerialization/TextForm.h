@@ -52,6 +52,14 @@ bool parseValue(std::string_view text, unsigned long& value);
 bool parseValue(std::string_view text, double& value);
 /// @}
 
+/// Length of the XML character that stands first in the text in UTF-8, or 0 when there is none.
+///
+/// @param text not empty
+std::size_t measureCharacter(std::string_view text);
+
+/// Appends a byte as escape() writes those that can't stand for themselves.
+void appendEscaped(std::string& text, char byte);
+
 /// The bytes as text that XML can hold: a backslash becomes "\\", line feed, carriage return and tabulator "\n", "\r"
 /// and "\t", every other byte that is not part of an XML character in UTF-8 "\x" with two hexadecimal digits.
 std::string escape(std::string_view bytes);
@@ -61,12 +69,23 @@ std::string escape(std::string_view bytes);
 /// @return whether all backslashes stand as escape() writes them; `bytes` is left alone otherwise
 bool unescape(std::string_view text, std::string& bytes);
 
-/// Looks for what XML forbids and its parser overlooks: bytes that are no XML character in UTF-8, and references to
-/// entities other than the five that are predefined and to characters that XML doesn't have.
-///
-/// @param offset set to the place of the first of them
-/// @return what stands there, or null when there is nothing of the kind
-const char* findForbidden(std::string_view text, std::size_t& offset);
+/// What the parser of XML does not tell of a document.
+struct TextCheck
+{
+    /// What stands in it that XML forbids and the parser overlooks, or null.
+    const char* reason = nullptr;
+
+    /// The place of that.
+    std::size_t offset = 0;
+
+    /// Whether it goes to the end of its root element at least.
+    bool bComplete = false;
+};
+
+/// Looks for bytes that are no XML character in UTF-8, for references to entities other than the five that are predefined
+/// and to characters that XML doesn't have, and for tags in tags. Comments and processing instructions may hold
+/// ampersands.
+TextCheck checkText(std::string_view text);
 
 } // namespace details
 } // namespace ovrix

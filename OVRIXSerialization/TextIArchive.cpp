@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <deque>
 #include <iterator>
 
 namespace ovrix
@@ -19,45 +20,75 @@ namespace
 
 constexpr char g_whiteSpace[] = " \t\r\n";
 
+/// Comments and processing instructions are kept, to be seen where they must not stand.
 constexpr unsigned int g_parseOptions = pugi::parse_default | pugi::parse_fragment | pugi::parse_declaration |
-                                        pugi::parse_doctype | pugi::parse_ws_pcdata_single;
+                                        pugi::parse_doctype | pugi::parse_comments | pugi::parse_pi |
+                                        pugi::parse_ws_pcdata_single;
 
 bool isWhiteSpace(std::string_view text)
 {
     return text.find_first_not_of(g_whiteSpace) == std::string_view::npos;
 }
 
-/// The node itself, or the first one behind it that is not just white space.
-pugi::xml_node skipWhiteSpace(pugi::xml_node node)
+/// The node itself, or the first one behind it that means something.
+pugi::xml_node skipMeaningless(pugi::xml_node node)
 {
-    while (node.type() == pugi::node_pcdata && isWhiteSpace(node.value()))
+    while (node.type() == pugi::node_comment || node.type() == pugi::node_pi ||
+           (node.type() == pugi::node_pcdata && isWhiteSpace(node.value())))
         node = node.next_sibling();
     return node;
 }
 
-/// Whether that is the last of the text but for white space.
-bool endsWith(std::string_view text, std::string_view ending)
+bool isUtf8(std::string_view encoding)
 {
-    const std::size_t size = text.find_last_not_of(g_whiteSpace) + 1;
-    return size >= ending.size() && text.substr(size - ending.size(), ending.size()) == ending;
+    constexpr std::string_view name = "utf-8";
+    const auto isSame = [](char letter, char wanted)
+    { return letter == wanted || ('A' <= letter && letter <= 'Z' && letter - 'A' + 'a' == wanted); };
+    return std::equal(encoding.begin(), encoding.end(), name.begin(), name.end(), isSame);
 }
 
-/// The rest of the stream, without a byte order mark.
-std::string readAll(std::istream& stream)
+/// The first character of the stream that is not white space; nothing at its end. A byte order mark is skipped.
+///
+/// @param nbSkipped set to the number of bytes that stand before it
+std::string readFirstCharacter(details::StreamReader& reader, std::size_t& nbSkipped)
 {
-    constexpr char byteOrderMark[] = "\xEF\xBB\xBF";
-    details::StreamReader reader(stream);
-    std::string text;
-    std::size_t size = 0;
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    std::string text(byteOrderMark.size(), ' ');
+    text.resize(reader.read(&text[0], text.size()));
+    const std::size_t first = text == byteOrderMark ? text.size() : text.find_first_not_of(g_whiteSpace);
+    nbSkipped = std::min(first, text.size());
+    text.erase(0, nbSkipped);
+    while (text.empty())
+    {
+        text.resize(1);
+        text.resize(reader.read(&text[0], 1));
+        if (text.empty() || !isWhiteSpace(text))
+            break;
+        ++nbSkipped;
+        text.clear();
+    }
+    return text;
+}
+
+/// Reads the stream to its end.
+///
+/// @param[in,out] text what has been read is put behind it
+void readRest(details::StreamReader& reader, std::string& text)
+{
+    constexpr std::size_t firstStep = 4096;
+    const bool bLengthKnown = reader.isLengthKnown();
+    std::size_t step = 0;
+    std::size_t nbRead = 0;
     do
     {
-        size = text.size();
-        text.resize(std::max<std::size_t>(2 * size, 4096)); // no more than what was read vouches for
-        text.resize(size + reader.read(&text[size], text.size() - size));
-    } while (text.size() > size);
-    if (text.compare(0, 3, byteOrderMark) == 0)
-        text.erase(0, 3);
-    return text;
+        // What was read vouches for as much again, and for no more.
+        step = bLengthKnown ? reader.getRest() : std::max(firstStep, text.size());
+        const std::size_t size = text.size();
+        text.resize(size + step);
+        nbRead = reader.read(&text[size], step);
+        text.resize(size + nbRead);
+    } while (!bLengthKnown && nbRead == step);
+    text.shrink_to_fit();
 }
 
 } // namespace
@@ -66,12 +97,12 @@ std::string readAll(std::istream& stream)
 class TextIArchive::Document
 {
 public:
-    Document(std::istream& stream, const BaseArchive& archive) : _archive(archive), _text(readAll(stream))
+    Document(std::istream& stream, const BaseArchive& archive) : _archive(archive)
     {
-        OVRIXSERIALIZATION_RAISE_UNLESS(!isWhiteSpace(_text), 8, "it is empty");
+        read(stream);
         parse();
         findRoot();
-        _next = skipWhiteSpace(_section.first_child());
+        _next = skipMeaningless(_section.first_child());
     }
 
     /// The entry that stands next. It stays the next one until consume().
@@ -99,19 +130,27 @@ public:
 
     void consume()
     {
-        _next = skipWhiteSpace(_next.next_sibling());
+        _next = skipMeaningless(_next.next_sibling());
     }
 
-    void openSection()
+    std::string_view openSection(const std::string& name)
     {
         _section = _next;
-        _next = skipWhiteSpace(_section.first_child());
+        _next = skipMeaningless(_section.first_child());
+        return _sectionNames.emplace_back(name);
     }
 
     void closeSection()
     {
-        _next = skipWhiteSpace(_section.next_sibling());
+        _sectionNames.pop_back();
+        _next = skipMeaningless(_section.next_sibling());
         _section = _section.parent();
+    }
+
+    /// Bytes of the text.
+    std::size_t getSize() const
+    {
+        return _text.size();
     }
 
     /// How many entries follow in the section, counted to `maxCount`.
@@ -119,15 +158,26 @@ public:
     {
         std::size_t count = 0;
         for (pugi::xml_node node = _next; !node.empty() && count < maxCount; node = node.next_sibling())
-            ++count;
+            count += node.type() == pugi::node_element;
         return count;
     }
 
 private:
+    /// Reads the stream to its end, unless its first character shows that it is no XML.
+    void read(std::istream& stream)
+    {
+        details::StreamReader reader(stream, _archive);
+        _text = readFirstCharacter(reader, _nbSkipped);
+        OVRIXSERIALIZATION_RAISE_UNLESS(!_text.empty(), 8, "it is empty");
+        OVRIXSERIALIZATION_RAISE_UNLESS(_text[0] == '<', 8, "it is no XML");
+        readRest(reader, _text);
+    }
+
+    /// @param offset place in what was read behind the bytes that were skipped
     [[noreturn]] void raiseMalformed(const std::string& reason, std::size_t offset) const
     {
         details::raise<details::OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
-            OVRIX_FAILURE_SITE, 19, reason, offset, _archive.getSectionPath());
+            OVRIX_FAILURE_SITE, 19, reason, _nbSkipped + offset, _archive.getSectionPath());
     }
 
     void checkNode(bool bCorrect, const char* reason) const
@@ -138,10 +188,9 @@ private:
 
     void parse()
     {
-        OVRIXSERIALIZATION_RAISE_UNLESS(_text[_text.find_first_not_of(g_whiteSpace)] == '<', 8, "it is no XML");
-        const bool bComplete = endsWith(_text, "</" + std::string(details::g_textRoot) + ">");
-        std::size_t offset = 0;
-        const char* reason = details::findForbidden(_text, offset);
+        const details::TextCheck check = details::checkText(_text);
+        const char* reason = check.reason;
+        std::size_t offset = check.offset;
         if (!reason)
         {
             const pugi::xml_parse_result result =
@@ -151,19 +200,18 @@ private:
             reason = result.description();
             offset = static_cast<std::size_t>(result.offset);
         }
-        OVRIXSERIALIZATION_RAISE_UNLESS(bComplete, 4, "its end", _archive.getSectionPath());
+        OVRIXSERIALIZATION_RAISE_UNLESS(check.bComplete, 4, "its end", _archive.getSectionPath());
         raiseMalformed(reason, offset);
     }
 
     void findRoot()
     {
-        pugi::xml_node node = skipWhiteSpace(_document.first_child());
+        pugi::xml_node node = skipMeaningless(_document.first_child());
         if (node.type() == pugi::node_declaration)
         {
             const std::string_view encoding = node.attribute("encoding").value();
-            OVRIXSERIALIZATION_RAISE_UNLESS(encoding.empty() || encoding == "UTF-8" || encoding == "utf-8", 8,
-                                            "it is not encoded in UTF-8");
-            node = skipWhiteSpace(node.next_sibling());
+            OVRIXSERIALIZATION_RAISE_UNLESS(encoding.empty() || isUtf8(encoding), 8, "it is not encoded in UTF-8");
+            node = skipMeaningless(node.next_sibling());
         }
         const std::string_view format = node.attribute(details::g_textFormat).value();
         OVRIXSERIALIZATION_RAISE_UNLESS(std::strcmp(node.name(), details::g_textRoot) == 0 &&
@@ -174,7 +222,7 @@ private:
         OVRIXSERIALIZATION_RAISE_UNLESS(bVersion && version > 0, 8, "it has no valid format version");
         OVRIXSERIALIZATION_RAISE_UNLESS(version <= details::g_textVersionNumber, 9, version,
                                         details::g_textVersionNumber);
-        const pugi::xml_node behind = skipWhiteSpace(node.next_sibling());
+        const pugi::xml_node behind = skipMeaningless(node.next_sibling());
         OVRIXSERIALIZATION_RAISE_UNLESS(behind.empty(), 23,
                                         behind.type() == pugi::node_element ? "an element" : "a text");
         _section = node;
@@ -206,13 +254,18 @@ private:
     }
 
     const BaseArchive& _archive;
-    std::string _text;
+    std::string _text; // the tree points into it
+    std::size_t _nbSkipped = 0;
     pugi::xml_document _document;
     pugi::xml_node _section;
     pugi::xml_node _next;
+    std::deque<std::string> _sectionNames;
 };
 
-TextIArchive::TextIArchive(std::istream& stream) : BaseIArchive(true), _pDocument(new Document(stream, *this)) {}
+TextIArchive::TextIArchive(std::istream& stream) : BaseIArchive(true), _pDocument(new Document(stream, *this))
+{
+    setInputSize(_pDocument->getSize());
+}
 
 TextIArchive::~TextIArchive() = default;
 
@@ -272,12 +325,12 @@ std::size_t TextIArchive::openBlock(std::size_t)
 
 void TextIArchive::readBlockPart(void*, std::size_t) {}
 
-void TextIArchive::processOpenSection(std::string_view name)
+std::string_view TextIArchive::processOpenSection(std::string_view name)
 {
     const ArchiveEntry entry = peekEntry();
     OVRIXSERIALIZATION_RAISE_UNLESS(entry.type == eAE_Section && entry.name == name, 0, details::quote(name),
                                     describe(entry), getSectionPath());
-    _pDocument->openSection();
+    return _pDocument->openSection(entry.name);
 }
 
 void TextIArchive::processCloseSection()

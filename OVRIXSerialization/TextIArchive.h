@@ -50,7 +50,7 @@ protected:
 private:
     class Document;
 
-    void processOpenSection(std::string_view name) override;
+    std::string_view processOpenSection(std::string_view name) override;
     void processCloseSection() override;
 
     /// Consumes an item, which must be of that type and name, and gives its text.

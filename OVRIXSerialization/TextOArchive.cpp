@@ -7,7 +7,7 @@
 
 #include <pugixml.hpp>
 
-#include <exception>
+#include <deque>
 #include <new>
 #include <string>
 #include <utility>
@@ -58,7 +58,7 @@ private:
 class TextOArchive::Document
 {
 public:
-    Document(std::ostream& stream, const BaseArchive& archive) : _stream(stream), _archive(archive)
+    Document(std::ostream& stream, const BaseArchive& archive) : _stream(stream, archive), _archive(archive)
     {
         pugi::xml_node declaration = _document.append_child(pugi::node_declaration);
         checkMemory(!declaration.empty());
@@ -79,16 +79,18 @@ public:
             checkMemory(item.text().set(text.c_str()));
     }
 
-    void openSection(std::string_view name)
+    std::string_view openSection(std::string_view name)
     {
         details::checkNameSize(name.size(), _archive);
         _section = appendElement(_section, details::g_textSection);
         appendAttribute(_section, details::g_textName, details::escape(name));
+        return _sectionNames.emplace_back(name);
     }
 
     void closeSection()
     {
         _section = _section.parent();
+        _sectionNames.pop_back();
     }
 
     void save()
@@ -98,11 +100,17 @@ public:
         _stream.flush();
     }
 
+    const details::StreamWriter& getStream() const
+    {
+        return _stream;
+    }
+
 private:
     details::StreamWriter _stream;
     const BaseArchive& _archive;
     pugi::xml_document _document;
     pugi::xml_node _section;
+    std::deque<std::string> _sectionNames;
 };
 
 TextOArchive::TextOArchive(std::ostream& stream) : BaseOArchive(true), _pDocument(new Document(stream, *this)) {}
@@ -111,10 +119,10 @@ TextOArchive::~TextOArchive()
 {
     try
     {
-        if (getSectionDepth() == 0)
+        if (_pDocument && !_pDocument->getStream().hasFailed() && getSectionDepth() == 0)
             close();
     }
-    catch (const std::exception&)
+    catch (...)
     {
         // It has been logged; a destructor can tell no more.
     }
@@ -164,15 +172,15 @@ void TextOArchive::close()
 {
     if (!_pDocument)
         return;
+    getDocument();
     OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() == 0, 22, getSectionPath());
-    // Whatever comes of it, there is no second attempt.
-    const std::unique_ptr<Document> pDocument = std::move(_pDocument);
-    pDocument->save();
+    _pDocument->save();
+    _pDocument.reset();
 }
 
-void TextOArchive::processOpenSection(std::string_view name)
+std::string_view TextOArchive::processOpenSection(std::string_view name)
 {
-    getDocument().openSection(name);
+    return getDocument().openSection(name);
 }
 
 void TextOArchive::processCloseSection()
@@ -183,6 +191,7 @@ void TextOArchive::processCloseSection()
 TextOArchive::Document& TextOArchive::getDocument()
 {
     OVRIXSERIALIZATION_RAISE_UNLESS(_pDocument, 15);
+    _pDocument->getStream().check();
     return *_pDocument;
 }
 

@@ -46,7 +46,7 @@ public:
 private:
     class Document;
 
-    void processOpenSection(std::string_view name) override;
+    std::string_view processOpenSection(std::string_view name) override;
     void processCloseSection() override;
     Document& getDocument();
 

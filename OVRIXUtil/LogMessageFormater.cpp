@@ -17,9 +17,16 @@ boost::format makeFormat(const std::string& text)
     return format;
 }
 
+/// What a formatter holds until a text is selected; never destroyed, as the catalogues.
+const std::string& getEmptyText()
+{
+    static const auto& g_text = *new std::string;
+    return g_text;
+}
+
 } // namespace
 
-LogMessageFormater::LogMessageFormater(const LogMessageManager& manager) : _pManager(&manager), _format(makeFormat(""))
+LogMessageFormater::LogMessageFormater(const LogMessageManager& manager) : _pManager(&manager), _pText(&getEmptyText())
 {
 }
 
@@ -31,24 +38,40 @@ LogMessageFormater::~LogMessageFormater() = default;
 
 LogMessageFormater& LogMessageFormater::setMsgId(const std::string& domainKey, int id)
 {
-    const std::string* const pText = _pManager->findMessage(domainKey, id);
-    OVRIXUTIL_RAISE_UNLESS(pText != nullptr, eOVRIXUtilErrors, 0, domainKey, static_cast<long long>(id));
-    _format = makeFormat(*pText);
+    select(domainKey, id);
     return *this;
 }
 
 template <class T>
 LogMessageFormater& LogMessageFormater::operator%(const T& argument)
 {
-    OVRIXUTIL_RAISE_UNLESS(_format.remaining_args() > 0, eOVRIXUtilErrors, 1, string());
-    _format % argument;
+    boost::format& format = getFormat();
+    OVRIXUTIL_RAISE_UNLESS(format.remaining_args() > 0, eOVRIXUtilErrors, 1, string());
+    format % argument;
     return *this;
 }
 
 std::string LogMessageFormater::string() const
 {
+    if (!_format && _pText->find('%') == std::string::npos)
+        return *_pText;
     // Of a copy: boost::format starts anew with the argument that follows on its str().
-    return boost::format(_format).str();
+    return (_format ? boost::format(*_format) : makeFormat(*_pText)).str();
+}
+
+void LogMessageFormater::select(std::string_view domainKey, int id)
+{
+    const std::string* const pText = _pManager->findMessage(domainKey, id);
+    OVRIXUTIL_RAISE_UNLESS(pText != nullptr, eOVRIXUtilErrors, 0, std::string(domainKey), static_cast<long long>(id));
+    _pText = pText;
+    _format.reset();
+}
+
+boost::format& LogMessageFormater::getFormat()
+{
+    if (!_format)
+        _format = makeFormat(*_pText);
+    return *_format;
 }
 
 template LogMessageFormater& LogMessageFormater::operator%(const unsigned long&);

@@ -5,7 +5,9 @@
 
 #include <boost/format.hpp>
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <typeinfo>
 
 namespace ovrix
@@ -19,7 +21,8 @@ namespace ovrix
 /// ```
 ///
 /// Placeholders follow boost::format, in the classic locale whatever the global one is. Those that are left unfed come
-/// out empty. An unknown domain or id, or one argument too many, raises an OVRIXUtilException.
+/// out empty. An unknown domain or id, or one argument too many, raises an OVRIXUtilException. A text is read for
+/// placeholders when the first argument is fed, and one without any is given out as it stands.
 class OVRIXUTIL_EXPORT LogMessageFormater
 {
 public:
@@ -41,7 +44,8 @@ public:
     template <class D>
     LogMessageFormater& operator[](const D& id)
     {
-        return setMsgId(typeid(D).name(), static_cast<int>(id));
+        select(typeid(D).name(), static_cast<int>(id));
+        return *this;
     }
 
     /// Feeds the next placeholder.
@@ -55,8 +59,12 @@ public:
     std::string string() const;
 
 private:
+    void select(std::string_view domainKey, int id);
+    boost::format& getFormat();
+
     const LogMessageManager* _pManager;
-    boost::format _format;
+    const std::string* _pText;            // of the catalogue
+    std::optional<boost::format> _format; // of the text, once it has been read
 };
 
 extern template OVRIXUTIL_EXPORT LogMessageFormater& LogMessageFormater::operator%(const unsigned long&);

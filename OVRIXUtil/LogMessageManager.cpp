@@ -24,9 +24,9 @@ void LogMessageManager::addMessage(const std::string& domainKey, int id, const s
     _messages[{domainKey, id}] = text;
 }
 
-const std::string* LogMessageManager::findMessage(const std::string& domainKey, int id) const
+const std::string* LogMessageManager::findMessage(std::string_view domainKey, int id) const
 {
-    const auto found = _messages.find({domainKey, id});
+    const auto found = _messages.find(std::make_pair(domainKey, id));
     return found == _messages.end() ? nullptr : &found->second;
 }
 

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <typeinfo>
 #include <utility>
 
@@ -34,12 +35,25 @@ public:
     }
 
     /// The text under that key and id, or null when there is none.
-    const std::string* findMessage(const std::string& domainKey, int id) const;
+    const std::string* findMessage(std::string_view domainKey, int id) const;
 
 private:
     LogMessageManager() = default;
 
-    std::map<std::pair<std::string, int>, std::string> _messages;
+    /// By the key, then by the number; texts are found without a copy of the key.
+    struct Less
+    {
+        using is_transparent = void;
+
+        template <class Key, class OtherKey>
+        bool operator()(const std::pair<Key, int>& first, const std::pair<OtherKey, int>& second) const
+        {
+            const int order = std::string_view(first.first).compare(second.first);
+            return order < 0 || (order == 0 && first.second < second.second);
+        }
+    };
+
+    std::map<std::pair<std::string, int>, std::string, Less> _messages;
 };
 
 } // namespace ovrix

@@ -20,3 +20,6 @@ string(REGEX REPLACE "/$" "" pkgconfig_to_prefix "${pkgconfig_to_prefix}")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/OVRIXMath.pc.in" "${PROJECT_BINARY_DIR}/OVRIXMath.pc" @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/OVRIXMath.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig"
     COMPONENT development)
+
+install(FILES "${PROJECT_SOURCE_DIR}/tools/gdb/ovrix_printers.py" DESTINATION "${CMAKE_INSTALL_DATADIR}/ovrixmath/gdb"
+    COMPONENT development)

@@ -45,6 +45,12 @@ function(ovrix_add_library name alias)
     target_compile_features(${name} PUBLIC cxx_std_17)
     target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:ovrix_build_options>)
     target_link_options(${name} PRIVATE -Wl,--no-undefined)
+    if(NOT OVRIX_SANITIZERS)
+        # The sanitizers tell types apart by the addresses of their names, and need one of each in a process.
+        set(exports "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+        target_link_options(${name} PRIVATE "-Wl,--version-script=${exports}")
+        set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS "${exports}")
+    endif()
     if(OVRIX_SANITIZERS AND CMAKE_CXX_COMPILER_ID MATCHES Clang)
         # clang leaves the symbols of its sanitizer runtime to the executable.
         target_link_options(${name} PRIVATE -Wl,-z,undefs)

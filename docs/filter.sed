@@ -2,8 +2,11 @@
 # instantiations, and plain copies. A concrete transform is shown as derived from the public base behind the templates
 # that it is made of. Keeps the numbers of the lines.
 #
+# Every header gets a page, with what it declares outside of classes.
+#
 # Pictures of the guides are named alone, as they stand beside the pages.
 s|](\.\./pictures/|](|
+1s|^#pragma once$|/** @file */ &|
 :comment
 /^ *\/\/\//{
     n

@@ -120,10 +120,12 @@ public:
     void write(const std::string& path) const
     {
         std::ofstream file(path);
-        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << _width << "\" height=\"" << _height << "\">\n"
-             << "<style>text{font:16px sans-serif;text-anchor:middle;fill:#333}.p0{fill:#fbe3d0}.p1{fill:#d7e6f5}"
-             << ".frame{fill:none;stroke:#ccc}circle{stroke:#fff;stroke-width:.6}.s0{fill:#c8560b}.s1{fill:#1f5fa8}</"
-                "style>\n"
+        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << _width << "\" height=\"" << _height
+             << "\" viewBox=\"0 0 " << _width << ' ' << _height << "\">\n"
+             << "<style>text{font:16px sans-serif;text-anchor:middle;fill:#333}"
+             << ".p0{fill:#fbe3d0}.p1{fill:#d7e6f5}.p0,.p1{shape-rendering:crispEdges}"
+             << ".frame{fill:none;stroke:#ccc}"
+             << "circle{stroke:#fff;stroke-width:.6}.s0{fill:#c8560b}.s1{fill:#1f5fa8}</style>\n"
              << "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n"
              << _panels << "</svg>\n";
         file.close();

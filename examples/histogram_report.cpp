@@ -89,8 +89,8 @@ KMeansClusteringPtr findClusters(const UInt64Vector& population, ovUInt32 nbClus
     for (unsigned long& count : thinned)
         count = (count + share - 1) / share;
 
-    Histogram<true> histogram;
-    histogram.initFromExisting(0.0, 255.0, 1.0, thinned, eHOOBP_Ignored);
+    Histogram<false> histogram;
+    histogram.initFromExisting(0.0, 256.0, 1.0, thinned, eHOOBP_Ignored);
     const KMeansClusteringPtr pClustering =
         histogram.applyKMeansClustering(nbClusters, false, KMeansClusteringConfig());
     if (!pClustering->isClusteringDone())
@@ -126,8 +126,8 @@ EstimationConfig makeConfig(const std::string& method, double height)
 }
 
 /// Fits a Gaussian to the highest peak and its surroundings, down to half of its height. They are put on an axis on which
-/// they have the length 1 and the peak is near 0: the fit works with fourth powers, which would cost grey values of some
-/// hundred all their digits.
+/// they are at most 1 long and the peak is near 0: the fit works with fourth powers, which would cost grey values of some
+/// hundred all their digits. The unit is a power of two, so that classes and bounds are exact.
 Gaussian fitHighestPeak(const UInt64Vector& population, const std::string& method)
 {
     const auto peak = std::max_element(population.begin(), population.end());
@@ -137,12 +137,16 @@ Gaussian fitHighestPeak(const UInt64Vector& population, const std::string& metho
         --begin;
     while (end != population.end() && 2 * *end >= *peak)
         ++end;
-    const double unit = static_cast<double>(end - begin);
+    const auto nbClasses = static_cast<double>(end - begin);
+    double unit = 1.0;
+    while (unit < nbClasses)
+        unit *= 2.0;
     const double origin = static_cast<double>(peak - population.begin());
     const double first = -static_cast<double>(peak - begin) / unit;
 
     Histogram<false> surroundings;
-    surroundings.initFromExisting(first, first + 1.0, 1.0 / unit, UInt64Vector(begin, end), eHOOBP_Ignored);
+    surroundings.initFromExisting(first, first + nbClasses / unit, 1.0 / unit, UInt64Vector(begin, end),
+                                  eHOOBP_Ignored);
     const HistogramGaussianCurveFit fit =
         surroundings.fitGaussianCurve(makeConfig(method, static_cast<double>(*peak)), false);
     Gaussian gaussian;
@@ -161,11 +165,14 @@ struct Report
         : population(countGreys(photo)), pClustering(findClusters(population, options.nbClusters)),
           gaussian(fitHighestPeak(population, options.method))
     {
-        histogram.initFromExisting(0.0, 255.0, 1.0, population, eHOOBP_Ignored);
+        histogram.initFromExisting(0.0, 256.0, 1.0, population, eHOOBP_Ignored);
         height = *std::max_element(population.begin(), population.end());
         const auto rise = static_cast<unsigned long>(options.rise * static_cast<double>(height));
         peaks = histogram.findLocalDilatedMaxima(rise, eEBP_Include, 0.0, 0);
         valleys = histogram.findLocalDilatedMinima(rise, eEBP_Exclude, 0.0, photo.pixels.size());
+        // Grey values that no pixel has are gaps rather than valleys; without a population they have no place either.
+        const auto isGap = [](const HistogramExtrema& valley) { return valley._population == 0; };
+        valleys.erase(std::remove_if(valleys.begin(), valleys.end(), isGap), valleys.end());
     }
 
     ovUInt32 labelOf(std::size_t grey) const
@@ -176,7 +183,7 @@ struct Report
     UInt64Vector population;
     KMeansClusteringPtr pClustering;
     Gaussian gaussian;
-    Histogram<true> histogram;
+    Histogram<false> histogram; // an interval [0, 256), in which grey value 255 is as wide as any other
     unsigned long height = 0;
     std::vector<HistogramExtrema> peaks;
     std::vector<HistogramExtrema> valleys;
@@ -235,8 +242,10 @@ public:
     void write(const std::string& path) const
     {
         std::ofstream file(path);
-        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << g_right + 20 << "\" height=\""
-             << legendTop() + 22 * nbLegendLines() << "\">\n"
+        const auto width = g_right + 20;
+        const auto height = legendTop() + 22 * nbLegendLines();
+        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "\" height=\"" << height
+             << "\" viewBox=\"0 0 " << width << ' ' << height << "\">\n"
              << "<style>text{font:13px sans-serif;fill:#333}.title{font-size:16px}.end{text-anchor:end}"
              << ".middle{text-anchor:middle}.grid{stroke:#ddd}.axis{stroke:#666}.peak{fill:#222}"
              << ".valley{fill:#fff;stroke:#222}.curve{fill:none;stroke:#222;stroke-width:1.8}</style>\n"

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <OVRIXMath/Estimation/DataPartition/AdaptiveGridPartition.h>
+#include <OVRIXMath/Estimation/DataPartition/DataPartitionUtils.h>
 #include <OVRIXMath/Estimation/DataPartition/RegularGridPartition.h>
 #include <OVRIXMath/Estimation/EstimationResults.h>
+#include <OVRIXMath/Estimation/EstimationUtils.h>
+#include <OVRIXMath/Geometry/2d/Transform/GeometricTransform2dUtils.h>
+#include <OVRIXMath/Geometry/3d/Transform/GeometricTransform3dUtils.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
 #include <OVRIXMath/OVRIXMathException.h>
 #include <OVRIXMath/Statistics/Histogram.h>
@@ -10,6 +14,8 @@
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 #include <OVRIXSerialization/OVRIXSerializationException.h>
 
+#include <cstddef>
+#include <cstdlib>
 #include <map>
 #include <set>
 #include <sstream>
@@ -138,20 +144,51 @@ void readAndUse(const std::string& bytes, const Use& use)
     }
 }
 
-/// Partitions and results that are used, also where reading them has raised half-way.
+/// Uses a configuration as if it came from a caller. Once it has answered that it is initialised, its values are such
+/// as a caller could have set, so that nothing is left to raise.
+inline void useConfig(const math::EstimationConfig& config)
+{
+    const math::eRobustEstimationType type = config.getRobustEstimationType();
+    const auto use = [&]() noexcept
+    {
+        math::EstimationConfig copy(config);
+        copy.setSuccessRatio(config.getSuccessRatio());
+        copy.setDataPartition(config.getDataPartitionPtr());
+        if (type == math::eRET_LMS)
+            copy.initLMS(config.getExpectedOutlierRatio());
+        else if (type != math::eRET_NonRobust)
+            copy.initMSAC(config.getOutlierThreshold(), config.getExpectedOutlierRatio());
+    };
+    use();
+    drawSubSets(*config.getDataPartitionPtr());
+}
+
+/// Asks for what follows from results. Once they have answered that they are those of a success, nothing is left to
+/// raise.
+inline void useResults(const math::EstimationResults& results)
+{
+    results.getNbInliers();
+    if (!results.getEstimationStatus())
+        return;
+    const auto use = [&]() noexcept
+    {
+        results.getInliersRms();
+        results.getInlierRatio();
+        if (results.getNbInliers() > results.getNbInputData())
+            std::abort();
+    };
+    use();
+}
+
+/// Configurations, partitions and results that are used, also where reading them has raised half-way.
 template <class Archive>
 void readAndUseEstimations(const std::string& bytes)
 {
     const auto draw = [](math::BaseDataPartition& partition) { drawSubSets(partition); };
     readAndUse<Archive, math::RegularGridPartition>(bytes, draw);
     readAndUse<Archive, math::AdaptiveGridPartition>(bytes, draw);
-    readAndUse<Archive, math::EstimationResults>(bytes,
-                                                 [](const math::EstimationResults& results)
-                                                 {
-                                                     results.getNbInliers();
-                                                     results.getInliersRms();
-                                                     results.getInlierRatio();
-                                                 });
+    readAndUse<Archive, math::EstimationConfig>(bytes, useConfig);
+    readAndUse<Archive, math::EstimationResults>(bytes, useResults);
 }
 
 /// A histogram that is asked everything that does not grow with its population.
@@ -170,6 +207,19 @@ void readAndUseHistograms(const std::string& bytes)
     readAndUse<Archive, math::Histogram<false>>(bytes, use);
     readAndUse<Archive, math::Histogram<true>>(bytes, use);
 }
+
+/// Reads the bytes as each of those types.
+template <class Archive, class... Types>
+void readAsEach(const std::string& bytes)
+{
+    (readAs<Archive, Types>(bytes), ...);
+}
+
+template <std::size_t N>
+using BoundedVector = boost::numeric::ublas::bounded_vector<double, N>;
+
+template <std::size_t N>
+using BoundedMatrix = boost::numeric::ublas::bounded_matrix<double, N, N>;
 
 /// Whether the archive begins with an item or a section "value". All others are refused there by every kind of value
 /// alike.
@@ -191,20 +241,17 @@ void readInEveryWay(const std::string& bytes)
     attempt<Archive, test::PipeStream>(bytes, walk);
     if (!beginsWithValue<Archive>(bytes))
         return;
-    readAs<Archive, std::string>(bytes);
-    readAs<Archive, BoolResult>(bytes);
-    readAs<Archive, std::vector<double>>(bytes);
-    readAs<Archive, std::vector<bool>>(bytes);
-    readAs<Archive, std::vector<std::string>>(bytes);
-    readAs<Archive, std::set<std::set<unsigned int>>>(bytes);
-    readAs<Archive, std::map<double, std::vector<unsigned int>>>(bytes);
-    readAs<Archive, math::Vector>(bytes);
-    readAs<Archive, math::Matrix>(bytes);
-    readAs<Archive, math::DataPartitionPtr>(bytes);
-    readAs<Archive, math::EstimationConfig>(bytes);
-    readAs<Archive, math::EstimationResults>(bytes);
-    readAs<Archive, math::eHistogramOutOfBoundsPolicy>(bytes);
-    readAs<Archive, boost::shared_ptr<math::BaseHistogram>>(bytes);
+    readAsEach<Archive, std::string, BoolResult, std::vector<double>, std::vector<float>, std::vector<signed char>,
+               std::vector<unsigned short>, std::vector<long>, std::vector<bool>, std::vector<std::string>,
+               std::set<std::set<unsigned int>>, std::map<double, std::vector<unsigned int>>>(bytes);
+    readAsEach<Archive, math::Vector, math::Matrix, BoundedVector<2>, BoundedVector<3>, BoundedVector<4>,
+               BoundedMatrix<2>, BoundedMatrix<3>, BoundedMatrix<4>>(bytes);
+    readAsEach<Archive, std::vector<math::eRobustEstimationType>, std::vector<math::eDataPartitionType>,
+               std::vector<math::transform::eGeometricTransform2dType>,
+               std::vector<math::transform::eGeometricTransform3dType>, std::vector<math::eHistogramOutOfBoundsPolicy>>(
+        bytes);
+    readAsEach<Archive, math::DataPartitionPtr, math::EstimationConfig, math::EstimationResults,
+               boost::shared_ptr<math::BaseHistogram>>(bytes);
     readAndUseEstimations<Archive>(bytes);
     readAndUseHistograms<Archive>(bytes);
 }

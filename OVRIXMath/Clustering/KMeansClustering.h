@@ -124,6 +124,7 @@ private:
     UInt32Vector _assignments;
 };
 
+/// How k-means clusterings are held.
 using KMeansClusteringPtr = boost::shared_ptr<KMeansClustering>;
 
 /// Writes sizes, failed attempts, compactness and all validity indices, then one line per cluster with centre,

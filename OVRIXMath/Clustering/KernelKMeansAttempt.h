@@ -3,7 +3,6 @@
 #include <OVRIXMath/Clustering/KernelKMeansCentroid.h>
 #include <OVRIXMath/Clustering/KernelSamples.h>
 #include <OVRIXMath/Clustering/SparseKernelMean.h>
-#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Types.h>
 
 #include <cstddef>
@@ -26,7 +25,7 @@ constexpr std::size_t g_nbKeptKernelValues = std::size_t(1) << 24;
 /// @param nbClusters at most the number of samples, which is above 0
 /// @param[out] seeds places of the samples drawn
 template <class KernelType>
-OVRIXMATH_EXPORT void drawKernelSeeds(KernelSamples<KernelType>& samples, ovUInt32 nbClusters, UInt32Vector& seeds);
+void drawKernelSeeds(KernelSamples<KernelType>& samples, ovUInt32 nbClusters, UInt32Vector& seeds);
 
 /// The working state of computeKernelKMeansAttempt(), for any number of attempts on the same samples.
 ///
@@ -34,7 +33,7 @@ OVRIXMATH_EXPORT void drawKernelSeeds(KernelSamples<KernelType>& samples, ovUInt
 /// computed again: a cluster that neither lost nor won a sample keeps its mean, and a mean that was kept has the same
 /// distances to all samples as before.
 template <class KernelType>
-class OVRIXMATH_EXPORT KernelKMeansAttempt
+class KernelKMeansAttempt
 {
 public:
     /// @param samples must outlive the object

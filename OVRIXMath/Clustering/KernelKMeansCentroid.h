@@ -21,7 +21,7 @@ namespace clustering
 namespace details
 {
 template <class KernelType>
-class OVRIXMATH_EXPORT KernelKMeansAttempt;
+class KernelKMeansAttempt;
 }
 
 /// The mean of samples in the feature space of a kernel.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Types.h>
 
 #include <cstddef>
@@ -22,7 +21,7 @@ namespace details
 /// comes back to the same samples, such as the members of dictionaries over many iterations, evaluates the kernel for
 /// them once.
 template <class KernelType>
-class OVRIXMATH_EXPORT KernelSamples
+class KernelSamples
 {
 public:
     /// @param data samples of one size, which must outlive the object

@@ -93,7 +93,7 @@ ovUInt32 BaseRobustEstimator::getNbNeededRuns() const
 bool BaseRobustEstimator::isEstimationDone() const
 {
     OVRIXMATH_RAISE_UNLESS(_pEstimator, eEstimationMessage, 35);
-    return _estimParams.size() != 0;
+    return !_estimParams.empty();
 }
 
 const ParameterType& BaseRobustEstimator::getEstimParams() const

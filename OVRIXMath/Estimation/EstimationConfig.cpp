@@ -19,9 +19,22 @@ namespace
 
 const DynamicRegistrator<EstimationConfig> g_classRegistrator;
 
+constexpr ovReal64 g_maxOutlierRatioOfLMS = 0.5;
+constexpr ovReal64 g_maxOutlierRatio = 1.0;
+
+bool isOutlierRatio(ovReal64 ratio, ovReal64 upperBound)
+{
+    return 0.0 <= ratio && ratio < upperBound;
+}
+
 void checkOutlierRatio(ovReal64 ratio, ovReal64 upperBound)
 {
-    OVRIXMATH_RAISE_UNLESS(0.0 <= ratio && ratio < upperBound, eEstimationMessage, 9, ratio, upperBound);
+    OVRIXMATH_RAISE_UNLESS(isOutlierRatio(ratio, upperBound), eEstimationMessage, 9, ratio, upperBound);
+}
+
+bool isSuccessRatio(ovReal64 ratio)
+{
+    return ratio > 0.0 && 1.0 > ratio;
 }
 
 template <class GridPartition>
@@ -73,21 +86,21 @@ void EstimationConfig::initNonRobust()
 void EstimationConfig::initLMS(ovReal64 expectedOutlierRatio)
 {
     clear();
-    checkOutlierRatio(expectedOutlierRatio, 0.5);
+    checkOutlierRatio(expectedOutlierRatio, g_maxOutlierRatioOfLMS);
     initMethod(eRET_LMS, 0.0, expectedOutlierRatio);
 }
 
 void EstimationConfig::initRANSAC(ovReal64 outlierThreshold, ovReal64 expectedOutlierRatio)
 {
     clear();
-    checkOutlierRatio(expectedOutlierRatio, 1.0);
+    checkOutlierRatio(expectedOutlierRatio, g_maxOutlierRatio);
     initMethod(eRET_RANSAC, outlierThreshold, expectedOutlierRatio);
 }
 
 void EstimationConfig::initMSAC(ovReal64 outlierThreshold, ovReal64 expectedOutlierRatio)
 {
     clear();
-    checkOutlierRatio(expectedOutlierRatio, 1.0);
+    checkOutlierRatio(expectedOutlierRatio, g_maxOutlierRatio);
     initMethod(eRET_MSAC, outlierThreshold, expectedOutlierRatio);
 }
 
@@ -99,7 +112,7 @@ void EstimationConfig::initMLESAC(ovReal64 gaussianSigma, ovReal64 outlierThresh
     OVRIXMATH_RAISE_UNLESS(outlierThresholdFactor > 0.0, eEstimationMessage, 13, outlierThresholdFactor);
     OVRIXMATH_RAISE_UNLESS(outlierRangeFactor > outlierThresholdFactor, eEstimationMessage, 12, outlierRangeFactor,
                            outlierThresholdFactor);
-    checkOutlierRatio(expectedOutlierRatio, 1.0);
+    checkOutlierRatio(expectedOutlierRatio, g_maxOutlierRatio);
     _gaussianSigma = gaussianSigma;
     _outlierRangeFactor = outlierRangeFactor;
     initMethod(eRET_MLESAC, gaussianSigma * outlierThresholdFactor, expectedOutlierRatio);
@@ -167,7 +180,7 @@ void EstimationConfig::setAllowSimpleEstimation(ovBool bAllow)
 
 void EstimationConfig::setSuccessRatio(ovReal64 ratio)
 {
-    OVRIXMATH_RAISE_UNLESS(ratio > 0.0 && 1.0 > ratio, eEstimationMessage, 15, ratio);
+    OVRIXMATH_RAISE_UNLESS(isSuccessRatio(ratio), eEstimationMessage, 15, ratio);
     _successRatio = ratio;
 }
 
@@ -218,10 +231,35 @@ void EstimationConfig::describeItems(Items& items, Self& self)
 
 void EstimationConfig::finishRead(const BaseIArchive& archive)
 {
-    const bool bConsistent = !_bInit || _pDataPartition;
-    _bInit = _bInit && bConsistent;
-    OVRIXSERIALIZATION_RAISE_UNLESS(bConsistent, 30, getTypeName(), "it has no data partition",
-                                    archive.getSectionPath());
+    const char* const inconsistency = findInconsistency();
+    OVRIXSERIALIZATION_RAISE_UNLESS(!inconsistency, 30, getTypeName(), inconsistency, archive.getSectionPath());
+}
+
+void EstimationConfig::cancelRead()
+{
+    clear();
+}
+
+const char* EstimationConfig::findInconsistency() const
+{
+    if (!_bInit)
+        return nullptr;
+    if (!_pDataPartition)
+        return "it has no data partition";
+    if (!isSuccessRatio(_successRatio))
+        return "its success ratio is out of range";
+    if (_robustEstimationType == eRET_NonRobust)
+        return nullptr;
+    const ovReal64 upperBound = _robustEstimationType == eRET_LMS ? g_maxOutlierRatioOfLMS : g_maxOutlierRatio;
+    if (!isOutlierRatio(_expectedOutlierRatio, upperBound))
+        return "its expected outlier ratio is out of range";
+    if (_robustEstimationType != eRET_MLESAC)
+        return nullptr;
+    if (!(_gaussianSigma > 0.0))
+        return "its gaussian sigma is not above 0";
+    // The factor of the threshold is above 0 and below that of the range; rounding can bring the threshold to the ends.
+    const bool bOrdered = 0.0 <= _outlierThreshold && _outlierThreshold <= _gaussianSigma * _outlierRangeFactor;
+    return _outlierRangeFactor > 0.0 && bOrdered ? nullptr : "its outlier threshold is not within its outlier range";
 }
 
 void EstimationConfig::copyMembers(const EstimationConfig& other)

@@ -38,6 +38,9 @@ enum eRobustEstimationType : int
 /// ```
 ///
 /// An `init` that raises leaves the object not initialised. Copies share one data partition object.
+///
+/// An archive that holds values which no `init` or setter accepts is refused. Whenever reading raises, the object is not
+/// initialised then.
 class OVRIXMATH_EXPORT EstimationConfig : public CopyableObject<EstimationConfig, BaseSerializationObject>
 {
 public:
@@ -166,6 +169,10 @@ private:
     static void describeItems(Items& items, Self& self);
     void copyMembers(const EstimationConfig& other);
     void finishRead(const BaseIArchive& archive);
+    void cancelRead();
+
+    /// What no `init` or setter would have accepted of the values that have been read; null when there is nothing.
+    const char* findInconsistency() const;
 
     void initMethod(eRobustEstimationType type, ovReal64 outlierThreshold, ovReal64 expectedOutlierRatio);
 

@@ -4,6 +4,7 @@
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <algorithm>
 
@@ -241,11 +242,23 @@ void EstimationResults::describeItems(Items& items, Self& self)
     items("_nbNonLinearIteration", self._nbNonLinearIteration);
 }
 
-void EstimationResults::finishRead(const BaseIArchive&)
+void EstimationResults::finishRead(const BaseIArchive& archive)
 {
     // The archive holds the flags of a robust success only; those from before the reading count for nothing.
     if (!_bInit || !_estimationStatus || !_bRobustEstimationDone)
+    {
         _outlierFlags.clear();
+        return;
+    }
+    OVRIXSERIALIZATION_RAISE_UNLESS(_outlierFlags.size() == _residualsSet.size(), 30, getTypeName(),
+                                    "it has not one outlier flag for each residual", archive.getSectionPath());
+    OVRIXSERIALIZATION_RAISE_UNLESS(computeNbOutliers(_outlierFlags) <= _nbInputData, 30, getTypeName(),
+                                    "it has more outliers than data", archive.getSectionPath());
+}
+
+void EstimationResults::cancelRead()
+{
+    clear();
 }
 
 void EstimationResults::copyMembers(const EstimationResults& other)

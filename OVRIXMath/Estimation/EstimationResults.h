@@ -32,6 +32,9 @@ namespace math
 /// else
 ///     use(results.getEstimParams(), results.getOutlierFlags());
 /// ```
+///
+/// An archive keeps what the getters answer with. One is refused that has another number of outlier flags than of
+/// residuals, or more outliers than data. Whenever reading raises, the object is not initialised then.
 class OVRIXMATH_EXPORT EstimationResults : public CopyableObject<EstimationResults, BaseSerializationObject>
 {
 public:
@@ -164,7 +167,8 @@ public:
 
     /// Number of data less the number of outlier flags that are set. Answers in every state: after a failed estimation
     /// it is the number of data, after a failed non-linear pass still that of the robust fit, and after clear() the
-    /// number of data of before.
+    /// number of data of before. Archives don't keep the flags of a failure: results of a failed non-linear pass that
+    /// have been restored give the number of data.
     ovUInt32 getNbInliers() const;
 
 private:
@@ -176,6 +180,7 @@ private:
     static void describeItems(Items& items, Self& self);
     void copyMembers(const EstimationResults& other);
     void finishRead(const BaseIArchive& archive);
+    void cancelRead();
 
     void initCommon(const EstimationConfig& config, ovUInt32 nbEstimParams, ovUInt32 inputDataSize,
                     ovUInt32 nbMinDataForEstimation, ovUInt32 nbMinDataForRobustEstimation, ovUInt32 nbInputData);

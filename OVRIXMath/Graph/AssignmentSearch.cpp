@@ -89,8 +89,9 @@ void AssignmentSearch::updateTolerance()
 {
     if (_range.bExact)
         return;
-    const double tolerance = NumericLimits<double>::s_eps * (32.0 * _nbLabelChanges + 256.0) * _range.magnitude +
-                             4.0 * _negativeChanges + std::numeric_limits<double>::min();
+    const double tolerance =
+        NumericLimits<double>::s_eps * (32.0 * (_nbLabelChanges + _nbRows) + 256.0) * _range.magnitude +
+        4.0 * _negativeChanges + std::numeric_limits<double>::min();
     _tolerance = tolerance < _range.magnitude / 16.0 ? tolerance : g_infinity;
 }
 

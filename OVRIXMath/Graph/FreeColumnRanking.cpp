@@ -28,9 +28,10 @@ std::size_t listDepth(ovUInt32 nbColumns)
 
 FreeColumnRanking::FreeColumnRanking(const double* weights, ovUInt32 nbRows, ovUInt32 nbColumns, bool bExact)
     : _weights(weights), _nbRows(nbRows), _nbColumns(nbColumns), _bExact(bExact), _depth(listDepth(nbColumns)),
-      _entries(nbRows * 2 * _depth), _size(nbRows), _best(nbRows), _bound(nbRows), _isComplete(nbRows),
-      _isFree(nbColumns, true), _bestColumn(nbRows), _bestWeight(nbRows), _lead(nbRows),
-      _firstRowOfBest(nbColumns, g_none), _nextRowOfBest(nbRows, g_none), _nbFree(nbColumns), _leastSlacks(_depth)
+      _maxSize(std::min<std::size_t>(2 * _depth, nbColumns)), _entries(_maxSize * nbRows), _size(nbRows), _best(nbRows),
+      _bound(nbRows), _isComplete(nbRows), _isFree(nbColumns, true), _bestColumn(nbRows), _bestWeight(nbRows),
+      _lead(nbRows), _firstRowOfBest(nbColumns, g_none), _nextRowOfBest(nbRows, g_none), _nbFree(nbColumns),
+      _leastSlacks(_depth)
 {
 }
 
@@ -68,7 +69,7 @@ void FreeColumnRanking::rank(ovUInt32 row, const std::vector<double>& columnLabe
 {
     const double* weights = _weights + std::size_t(row) * _nbColumns;
     const std::vector<SlackEntry>& least = _leastSlacks.select(columnLabels.data(), 0.0, weights, _nbColumns);
-    std::copy(least.begin(), least.end(), _entries.begin() + std::ptrdiff_t(row * 2 * _depth));
+    std::copy(least.begin(), least.end(), _entries.begin() + std::ptrdiff_t(_maxSize * row));
     _size[row] = least.size();
     _best[row] = 0;
     _bound[row] = _leastSlacks.getBound();
@@ -78,7 +79,7 @@ void FreeColumnRanking::rank(ovUInt32 row, const std::vector<double>& columnLabe
 /// Finds the first free entry of the list and its lead; false when the list is used up.
 bool FreeColumnRanking::selectBest(ovUInt32 row)
 {
-    const SlackEntry* entries = _entries.data() + row * 2 * _depth;
+    const SlackEntry* entries = _entries.data() + _maxSize * row;
     const std::size_t size = _size[row];
     const auto nextFree = [&](std::size_t position)
     {

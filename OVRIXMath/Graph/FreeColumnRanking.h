@@ -61,7 +61,7 @@ public:
     template <class Visit>
     bool forEachContender(ovUInt32 row, double margin, Visit&& visit) const
     {
-        const SlackEntry* entries = _entries.data() + row * 2 * _depth;
+        const SlackEntry* entries = _entries.data() + _maxSize * row;
         const std::size_t size = _size[row];
         for (std::size_t i = _best[row]; i < size; ++i)
         {
@@ -82,7 +82,8 @@ private:
     ovUInt32 _nbColumns;
     bool _bExact;
 
-    std::size_t _depth;               ///< half of the entries of a list at most
+    std::size_t _depth;               ///< about as many entries are listed
+    std::size_t _maxSize;             ///< room for the entries of a list
     std::vector<SlackEntry> _entries; ///< the lists, ascending
     std::vector<std::size_t> _size;   ///< entries of each list
     std::vector<std::size_t> _best;   ///< position of the first free entry of each list

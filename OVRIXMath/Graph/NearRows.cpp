@@ -24,8 +24,9 @@ std::size_t listDepth(ovUInt32 nbRows)
 } // namespace
 
 NearRows::NearRows(const double* weightsByColumn, ovUInt32 nbRows, ovUInt32 nbColumns)
-    : _weightsByColumn(weightsByColumn), _nbRows(nbRows), _depth(listDepth(nbRows)), _entries(nbColumns * 2 * _depth),
-      _size(nbColumns, 0), _bound(nbColumns, -g_infinity), _label(nbColumns, 0.0), _pause(nbColumns, 0),
+    : _weightsByColumn(weightsByColumn), _nbRows(nbRows), _depth(listDepth(nbRows)),
+      _maxSize(std::min<std::size_t>(2 * _depth, nbRows)), _entries(_maxSize * nbRows), _place(nbColumns, s_none),
+      _nbLists(0), _size(nbColumns, 0), _bound(nbColumns, -g_infinity), _label(nbColumns, 0.0), _pause(nbColumns, 0),
       _patience(nbColumns, 1), _leastSlacks(_depth)
 {
 }
@@ -50,7 +51,9 @@ void NearRows::makeList(ovUInt32 column, const std::vector<double>& rowLabels, d
 {
     const double* weights = _weightsByColumn + std::size_t(column) * _nbRows;
     const std::vector<SlackEntry>& least = _leastSlacks.select(rowLabels.data(), columnLabel, weights, _nbRows);
-    std::transform(least.begin(), least.end(), _entries.begin() + std::ptrdiff_t(column * 2 * _depth),
+    if (_place[column] == s_none)
+        _place[column] = _nbLists++;
+    std::transform(least.begin(), least.end(), _entries.begin() + std::ptrdiff_t(_maxSize * _place[column]),
                    [&](const SlackEntry& entry) {
                        return Entry{entry.slack, weights[entry.idx], entry.idx};
                    });

@@ -41,7 +41,8 @@ bool areSumsExact(const double* weights, std::size_t count, double magnitude)
     for (std::size_t i = 0; i < count; ++i)
     {
         const double units = weights[i] * unitsPerWeight;
-        if ((units + rounder) - rounder != units)
+        const bool bLost = units == 0.0 && weights[i] != 0.0; // far below the smallest number
+        if (bLost || (units + rounder) - rounder != units)
             return false;
     }
     return true;

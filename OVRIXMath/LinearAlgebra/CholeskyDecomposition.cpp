@@ -24,6 +24,25 @@ bool factorize(std::size_t size, double* a)
     return info == 0;
 }
 
+/// Copies the upper triangle of an n x n matrix onto the lower one, block by block: the elements of a column are far apart.
+void mirrorUpperTriangle(std::size_t n, double* a)
+{
+    constexpr std::size_t blockSize = 32;
+    for (std::size_t firstRow = 0; firstRow < n; firstRow += blockSize)
+    {
+        const std::size_t endOfRows = std::min(firstRow + blockSize, n);
+        for (std::size_t firstColumn = firstRow; firstColumn < n; firstColumn += blockSize)
+        {
+            const std::size_t endOfColumns = std::min(firstColumn + blockSize, n);
+            for (std::size_t r = firstRow; r < endOfRows; ++r)
+            {
+                for (std::size_t c = std::max(firstColumn, r + 1); c < endOfColumns; ++c)
+                    a[c * n + r] = a[r * n + c];
+            }
+        }
+    }
+}
+
 } // namespace
 
 bool choleskyDecomposition(const Matrix& A, Matrix& U)
@@ -54,11 +73,7 @@ bool choleskyInverse(Matrix& A)
         return false;
     // The outcome is left alone, and that is meant: a factor with a positive diagonal has an inverse.
     LAPACKE_dpotri(LAPACK_ROW_MAJOR, 'U', static_cast<lapack_int>(n), a, static_cast<lapack_int>(n));
-    for (std::size_t r = 0; r < n; ++r)
-    {
-        for (std::size_t c = r + 1; c < n; ++c)
-            a[c * n + r] = a[r * n + c];
-    }
+    mirrorUpperTriangle(n, a);
     return true;
 }
 

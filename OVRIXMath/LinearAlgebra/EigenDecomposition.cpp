@@ -17,8 +17,6 @@ namespace math
 namespace
 {
 
-using SupportIndices = boost::numeric::ublas::unbounded_array<lapack_int>;
-
 /// Number of eigenvalues that are not small beside the one of the largest absolute value.
 ovUInt32 computeRank(const double* w, std::size_t n)
 {
@@ -85,6 +83,7 @@ struct Symmetric3
     T f;
 };
 
+/// Eigenvalues in rising order, and their eigenvectors.
 template <typename T>
 struct Eigen3
 {
@@ -153,83 +152,97 @@ void computeEigenvalues(const Symmetric3<T>& A, T p1, T& l0, T& l1, T& l2)
     l0 = T(3) * q - l2 - l1;
 }
 
-/// The longest column of (A - lp I)(A - lq I), which lies along the eigenvector of the third eigenvalue.
+/// The longest columns of two products (A - lp I)(A - lq I), each of which lies along the eigenvector of the third
+/// eigenvalue.
 ///
-/// @param[out] v the column, of unit length unless it was too short
-/// @return the column's length
+/// @param lp, lq eigenvalues of the first and of the second product
+/// @param[out] v the columns, of unit length unless they were too short
+/// @param[out] g the columns' lengths
 template <typename T>
-T computeEigenvector(const Symmetric3<T>& A, T lp, T lq, Vector3<T>& v)
+[[gnu::always_inline]] inline void computeEigenvectors(const Symmetric3<T>& A, const T (&lp)[2], const T (&lq)[2],
+                                                       Vector3<T> (&v)[2], T (&g)[2])
 {
-    const T ap = A.a - lp;
-    const T dp = A.d - lp;
-    const T fp = A.f - lp;
-    const T aq = A.a - lq;
-    const T dq = A.d - lq;
-    const T fq = A.f - lq;
     const T b = A.b;
     const T c = A.c;
     const T e = A.e;
-    v = {ap * aq + b * b + c * c, b * aq + dp * b + e * c, c * aq + e * b + fp * c};
-    T longest = squaredNorm(v);
-    const Vector3<T> others[] = {
-        {ap * b + b * dq + c * e, b * b + dp * dq + e * e, c * b + e * dq + fp * e},
-        {ap * c + b * e + c * fq, b * c + dp * e + e * fq, c * c + e * e + fp * fq},
-    };
-    for (const Vector3<T>& column : others)
+    T x[3][2];
+    T y[3][2];
+    T z[3][2];
+    T norms[3][2];
+    for (std::size_t k = 0; k < 2; ++k)
     {
-        const T norm = squaredNorm(column);
-        if (norm > longest)
-        {
-            longest = norm;
-            v = column;
-        }
+        const T ap = A.a - lp[k];
+        const T dp = A.d - lp[k];
+        const T fp = A.f - lp[k];
+        const T aq = A.a - lq[k];
+        const T dq = A.d - lq[k];
+        const T fq = A.f - lq[k];
+        x[0][k] = ap * aq + b * b + c * c;
+        y[0][k] = b * aq + dp * b + e * c;
+        z[0][k] = c * aq + e * b + fp * c;
+        x[1][k] = ap * b + b * dq + c * e;
+        y[1][k] = b * b + dp * dq + e * e;
+        z[1][k] = c * b + e * dq + fp * e;
+        x[2][k] = ap * c + b * e + c * fq;
+        y[2][k] = b * c + dp * e + e * fq;
+        z[2][k] = c * c + e * e + fp * fq;
+        for (std::size_t i = 0; i < 3; ++i)
+            norms[i][k] = x[i][k] * x[i][k] + y[i][k] * y[i][k] + z[i][k] * z[i][k];
     }
-    return normalise(v, longest);
+    for (std::size_t k = 0; k < 2; ++k)
+    {
+        // An index instead of jumps, which no processor could foretell.
+        std::size_t longest = norms[1][k] > norms[0][k] ? 1 : 0;
+        longest = norms[2][k] > norms[longest][k] ? 2 : longest;
+        v[k] = {x[longest][k], y[longest][k], z[longest][k]};
+        g[k] = normalise(v[k], norms[longest][k]);
+    }
 }
 
-/// Eigenvector of the better separated end, from its product with (endP, endQ), then that of the middle eigenvalue, from
-/// its product with (middleP, middleQ).
+/// All of it, in the registers of the caller.
 template <typename T>
-void computeEndAndMiddle(const Symmetric3<T>& A, T endP, T endQ, T middleP, T middleQ, Vector3<T>& vEnd,
-                         Vector3<T>& vMiddle)
+[[gnu::always_inline]] inline Eigen3<T> decompose(const Symmetric3<T>& A)
 {
     constexpr Vector3<T> x{1, 0, 0};
     constexpr Vector3<T> y{0, 1, 0};
-    if (g_tol < T >> computeEigenvector(A, endP, endQ, vEnd))
+    const T p1 = A.b * A.b + A.c * A.c + A.e * A.e;
+    if (p1 < g_tol<T> * g_tol<T>)
+        return decomposeDiagonal(A.a, A.d, A.f);
+    T l0;
+    T l1;
+    T l2;
+    computeEigenvalues(A, p1, l0, l1, l2);
+
+    // The end that stands further off comes first, from its product with the two others, then the middle one.
+    const bool bLastFirst = l2 - l1 > l1 - l0;
+    const T lp[] = {bLastFirst ? l0 : l1, l2};
+    const T lq[] = {bLastFirst ? l1 : l2, l0};
+    Vector3<T> v[2];
+    T g[2];
+    computeEigenvectors(A, lp, lq, v, g);
+    Vector3<T> vEnd = v[0];
+    if (g[0] < g_tol<T>)
         vEnd = x;
-    if (g_tol < T >> computeEigenvector(A, middleP, middleQ, vMiddle))
+    Vector3<T> vMiddle = v[1];
+    if (g[1] < g_tol<T>)
     {
         // The middle eigenvalue coincides with the other end: any direction square to the first one will do.
         vMiddle = cross(vEnd, x);
-        if (g_tol < T >> normalise(vMiddle))
+        if (normalise(vMiddle) < g_tol<T>)
         {
             vMiddle = cross(vEnd, y);
             normalise(vMiddle);
         }
     }
-}
-
-template <typename T>
-Eigen3<T> decompose(const Symmetric3<T>& A)
-{
-    const T p1 = A.b * A.b + A.c * A.c + A.e * A.e;
-    if (g_tol<T> * g_tol < T >> p1)
-        return decomposeDiagonal(A.a, A.d, A.f);
-    Eigen3<T> eigen;
-    computeEigenvalues(A, p1, eigen.l0, eigen.l1, eigen.l2);
-    if (eigen.l2 - eigen.l1 > eigen.l1 - eigen.l0)
+    if (bLastFirst)
     {
-        computeEndAndMiddle(A, eigen.l0, eigen.l1, eigen.l2, eigen.l0, eigen.v2, eigen.v1);
-        eigen.v0 = cross(eigen.v1, eigen.v2);
-        normalise(eigen.v0);
+        Vector3<T> v0 = cross(vMiddle, vEnd);
+        normalise(v0);
+        return {l0, l1, l2, v0, vMiddle, vEnd};
     }
-    else
-    {
-        computeEndAndMiddle(A, eigen.l1, eigen.l2, eigen.l2, eigen.l0, eigen.v0, eigen.v1);
-        eigen.v2 = cross(eigen.v0, eigen.v1);
-        normalise(eigen.v2);
-    }
-    return eigen;
+    Vector3<T> v2 = cross(vEnd, vMiddle);
+    normalise(v2);
+    return {l0, l1, l2, vEnd, vMiddle, v2};
 }
 
 } // namespace
@@ -246,12 +259,12 @@ ovUInt32 eigenDecomposition(const Matrix& A, Vector& w, Matrix& V)
         return 0;
 
     details::MatrixBuffer a = details::copyOf(A);
-    SupportIndices isuppz(2 * A.size2());
+    details::IndexBuffer<lapack_int> isuppz(2 * A.size2(), details::uninitialised);
     std::fill(w.data().begin(), w.data().end(), 0.0);
     std::fill(V.data().begin(), V.data().end(), 0.0);
     lapack_int nbFound = 0;
     const lapack_int info = LAPACKE_dsyevr(LAPACK_ROW_MAJOR, 'V', 'A', 'U', n, a.data(), n, 0.0, 0.0, 0, 0, -1.0,
-                                           &nbFound, w.data().begin(), V.data().begin(), n, isuppz.begin());
+                                           &nbFound, w.data().begin(), V.data().begin(), n, isuppz.data());
     OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
     return computeRank(w.data().begin(), w.size());
 }
@@ -272,11 +285,11 @@ void eigenPartialDecomposition(const Matrix& A, Vector& w, Matrix& V)
     const auto q = static_cast<lapack_int>(w.size());
     details::MatrixBuffer a = details::copyOf(A);
     details::VectorBuffer wtmp(A.size2(), 0.0);
-    SupportIndices isuppz(2 * w.size());
+    details::IndexBuffer<lapack_int> isuppz(2 * w.size(), details::uninitialised);
     std::fill(V.data().begin(), V.data().end(), 0.0);
     lapack_int nbFound = 0;
     const lapack_int info = LAPACKE_dsyevr(LAPACK_ROW_MAJOR, 'V', 'I', 'U', n, a.data(), n, 0.0, 0.0, n - q + 1, n,
-                                           -1.0, &nbFound, wtmp.data(), V.data().begin(), q, isuppz.begin());
+                                           -1.0, &nbFound, wtmp.data(), V.data().begin(), q, isuppz.data());
     OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
     std::copy_n(wtmp.begin(), w.size(), w.data().begin());
 }

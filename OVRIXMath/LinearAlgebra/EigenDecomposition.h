@@ -63,10 +63,13 @@ OVRIXMATH_EXPORT void eigenDecomposition(double a, double b, double c, double& m
 /// not be a right-handed system then. Equal eigenvalues have orthonormal eigenvectors all the same, and their order holds
 /// to within rounding.
 ///
-/// Accuracy for elements of the order of 1, with eps the machine epsilon and `gap` the distance of the two nearest
-/// eigenvalues: eigenvalues and right angles between eigenvectors to about 10 eps / gap, and never worse than to about
-/// sqrt(eps). So eigenvalues that nearly coincide are known to half of the type's digits. Of a matrix whose elements
-/// are below about sqrt(tol), the products may count as zero, and fixed directions then stand for the eigenvectors.
+/// Accuracy for a largest absolute eigenvalue of about 1, with eps the machine epsilon and `gap` the distance of the two
+/// nearest eigenvalues: the eigenvalues, A v = l v and the right angles between eigenvectors hold to within 10 eps / gap,
+/// and never worse than to within 4 sqrt(eps). So eigenvalues that nearly coincide are known to half of the type's digits,
+/// and their vectors, within the plane that the two span, to about 10 eps / gap^2. Where that distance times the distance
+/// to the third eigenvalue is below about tol, the two count as equal: any two vectors square to each other stand for
+/// theirs. Of three eigenvalues within sqrt(tol) of each other, as matrices of such small elements have them, fixed
+/// directions stand for all vectors.
 ///
 /// @tparam T `float` or `double`
 /// @param a, b, c, d, e, f elements of the matrix

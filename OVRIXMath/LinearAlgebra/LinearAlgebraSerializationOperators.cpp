@@ -1,9 +1,11 @@
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
 #include <OVRIXSerialization/ArchiveSectionManager.h>
 #include <OVRIXSerialization/NumberSerialization.h>
+#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <algorithm>
 #include <cstddef>
+#include <string>
 
 namespace ovrix
 {
@@ -40,10 +42,27 @@ constexpr const char* const* getNames(const bounded_matrix<double, N, N>&)
     return g_matrixNames<N>;
 }
 
+/// Checks that a container, which may hold fewer elements than it has room for, holds as many as its form has.
+template <std::size_t N>
+void checkSize(const BaseOArchive& archive, const bounded_vector<double, N>& vector)
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(vector.size() == N, 33, std::to_string(vector.size()), std::to_string(N),
+                                    archive.getSectionPath());
+}
+
+template <std::size_t N>
+void checkSize(const BaseOArchive& archive, const bounded_matrix<double, N, N>& matrix)
+{
+    OVRIXSERIALIZATION_RAISE_UNLESS(matrix.size1() == N && matrix.size2() == N, 33,
+                                    std::to_string(matrix.size1()) + " x " + std::to_string(matrix.size2()),
+                                    std::to_string(N) + " x " + std::to_string(N), archive.getSectionPath());
+}
+
 template <class T>
 BaseOArchive& writeBounded(BaseOArchive& archive, const SerializationOItem<T>& item)
 {
     const ArchiveSectionManager section(archive, item.getName());
+    checkSize(archive, item.getValue());
     const char* const* pName = getNames(item.getValue());
     for (const double& element : item.getValue().data())
         archive << makeOItem(*pName++, element);

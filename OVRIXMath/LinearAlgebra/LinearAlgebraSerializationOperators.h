@@ -19,7 +19,8 @@
 ///
 /// The elements of the first two are items "value" in a text archive and one block in any other. Both forms keep every
 /// bit of an element, those of a NaN too. A container is as it was before when reading it raises; one of another size
-/// is resized.
+/// is resized. Writing a bounded vector or matrix that has been resized to fewer elements than its type has raises an
+/// OVRIXSerializationException.
 
 namespace ovrix
 {

@@ -28,6 +28,10 @@ using MatrixBuffer = WorkBuffer<256>;
 /// Holds a vector of up to 16 elements without the heap.
 using VectorBuffer = WorkBuffer<16>;
 
+/// Holds two integers for each of up to 16 elements without the heap.
+template <class Integer>
+using IndexBuffer = boost::container::small_vector<Integer, 32>;
+
 /// Second constructor argument of a buffer whose elements need no initial value.
 constexpr boost::container::default_init_t uninitialised{};
 

@@ -135,7 +135,10 @@ private:
     bool _bInit = false;
 };
 
+/// How cost functions are held.
 using CostFunctionPtr = boost::shared_ptr<BaseCostFunction>;
+
+/// How cost functions are held by those that only evaluate them.
 using CostFunctionConstPtr = boost::shared_ptr<const BaseCostFunction>;
 
 } // namespace math

@@ -3,7 +3,6 @@
 #include <OVRIXMath/Optimization/NonLinearSolver.h>
 #include <OVRIXMath/Optimization/OptimizationLogMessages.h>
 
-#include <boost/container/small_vector.hpp>
 #include <cminpack.h>
 
 #include <algorithm>
@@ -113,7 +112,7 @@ OptResult NonLinearSolver::solve(const CostFunctionConstPtr& pCostFunction, cons
     _trialEquations.resize(m, false);
     _jacobian.resize(n, m, false);
 
-    boost::container::small_vector<int, 16> ipvt(n, details::uninitialised);
+    details::IndexBuffer<int> ipvt(n, details::uninitialised);
     details::VectorBuffer diag(n, details::uninitialised);
     details::VectorBuffer qtf(n, details::uninitialised);
     details::VectorBuffer wa1(n, details::uninitialised);

@@ -250,20 +250,6 @@ void BaseHistogram::initBins(const eHistogramOutOfBoundsPolicy& policy)
     _histogramPopulation.assign(nbBins, 0);
 }
 
-BoolResult BaseHistogram::read(BaseIArchive& archive)
-{
-    try
-    {
-        return SerializableClass<BaseHistogram, BaseSerializationObject>::read(archive);
-    }
-    catch (...)
-    {
-        // Half of the items must not be taken for a histogram.
-        clear();
-        throw;
-    }
-}
-
 template <class Items, class Self>
 void BaseHistogram::describeItems(Items& items, Self& self)
 {
@@ -283,6 +269,12 @@ void BaseHistogram::finishRead(const BaseIArchive& archive)
     const char* const inconsistency = findInconsistency();
     OVRIXSERIALIZATION_RAISE_UNLESS(inconsistency == nullptr, 30, getTypeName(), inconsistency,
                                     archive.getSectionPath());
+}
+
+/// Half of the items must not be taken for a histogram.
+void BaseHistogram::cancelRead()
+{
+    clear();
 }
 
 /// What keeps the items that have been read from being those of a histogram; null when nothing does.

@@ -59,6 +59,10 @@ using UInt64Vector = std::vector<unsigned long>;
 ///
 /// Constant functions fill a table of cumulated populations where it is still empty, without a lock: a histogram must not
 /// be read on two threads before updateCumulated().
+///
+/// Reading from an archive raises an OVRIXSerializationException when the archive was written by a newer version of the
+/// class, or holds tables and indices that do not fit together. Whenever reading raises, the histogram is as after
+/// clear().
 class OVRIXMATH_EXPORT BaseHistogram : public CopiedClass<BaseHistogram, BaseSerializationObject>
 {
 public:
@@ -67,20 +71,14 @@ public:
     /// Whether the data are integers, see computeHistogramRange().
     virtual ovBool areDataIntegral() const = 0;
 
-    /// Reads what write() wrote. A histogram whose reading raises is as after clear().
-    ///
-    /// @throws OVRIXSerializationException when the archive was written by a newer version of the class, or holds
-    ///         tables and indices that do not fit together
-    BoolResult read(BaseIArchive& archive) override;
-
     /// @name Setting up
     /// Each begins with clear().
     /// @{
 
     /// Sets up classes of a width; all populations are 0.
     ///
-    /// @throws OVRIXMathException, Statistics message 12 unless `first < last`, then 11 unless `0 < binWidth`; the
-    ///         histogram is not initialised then
+    /// @throws OVRIXMathException, Statistics message 12 unless `first < last`, then 11 unless `0 < binWidth`, then 13
+    ///         where computeHistogramNbClasses() gives 0; the histogram is not initialised then
     void updateHistogramParams(ovReal64 first, ovReal64 last, ovReal64 binWidth,
                                const eHistogramOutOfBoundsPolicy& policy);
 
@@ -94,7 +92,10 @@ public:
 
     /// Sets up classes of a width and takes their populations.
     ///
-    /// @param population one entry per bin, those outside of the interval included, see computeHistogramNbBins()
+    /// The width that a histogram of a number of classes tells may give one class more here, by rounding.
+    ///
+    /// @param population one entry per bin, those outside of the interval included, see computeHistogramNbBins(); not
+    ///        the population of this histogram, which is emptied first
     /// @throws OVRIXMathException as updateHistogramParams() does, then Statistics message 9 for a population of another
     ///         size, which leaves all populations 0
     void initFromExisting(ovReal64 first, ovReal64 last, ovReal64 binWidth, const UInt64Vector& population,
@@ -277,6 +278,7 @@ private:
     static void describeItems(Items& items, Self& self);
     void copyMembers(const BaseHistogram& other);
     void finishRead(const BaseIArchive& archive);
+    void cancelRead();
 
     const char* findInconsistency() const;
     bool hasLayout() const;

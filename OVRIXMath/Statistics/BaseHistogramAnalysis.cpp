@@ -177,7 +177,10 @@ void BaseHistogram::collectClusteringData(bool bIncludeOutOfBounds, clustering::
     const BinRange bins = getBinRange(*this, bIncludeOutOfBounds);
     data.reserve(total);
     for (ovUInt32 b = bins.begin; b < bins.end; ++b)
-        data.insert(data.end(), _histogramPopulation[b], Vector(1, midValues[b]));
+    {
+        for (unsigned long i = 0; i < _histogramPopulation[b]; ++i)
+            data.emplace_back(1, midValues[b]);
+    }
 }
 
 clustering::KMeansClusteringPtr
@@ -212,6 +215,7 @@ HistogramGaussianCurveFit BaseHistogram::fitGaussianCurve(const EstimationConfig
     const std::vector<double> midValues = getBinMidValues();
     const BinRange bins = getBinRange(*this, bIncludeOutOfBounds);
     DataSet samples;
+    samples.reserve(bins.end - bins.begin);
     Vector sample(2);
     for (ovUInt32 b = bins.begin; b < bins.end; ++b)
     {

@@ -47,7 +47,8 @@ OVRIXMATH_EXPORT std::pair<ovReal64, ovReal64> meanAndVariance(const std::vector
 /// Raises Statistics message 0 with the two sizes if they differ.
 ///
 /// @return the coefficient; 0 if the product of the variances is exactly 0, as for a constant collection or one of a
-///         single element; NaN if that product is negative, which rounding and wrapped squares can bring about, and for
+///         single element whose squares and mean are exact (those of 0.1 are not: the product is then a tiny number of
+///         either sign); NaN if that product is negative, which rounding and wrapped squares can bring about, and for
 ///         empty collections
 template <class T>
 OVRIXMATH_EXPORT ovReal64 correlation(const std::vector<T>& first, const std::vector<T>& second);

@@ -71,7 +71,8 @@ OVRIXMATH_EXPORT void findLocalExtrema(const std::vector<T>& values, const eExtr
 /// when shifted down.
 ///
 /// With `eEBP_Include` and `eEBP_Exclude` what lies beyond the ends is the worst and the best value of T, infinities left
-/// aside. So a constant sequence is one range, and with `eEBP_Exclude` none, unless its value is that best one. An
+/// aside. So a constant sequence is one range unless its value is the worst one (0 for maxima of an unsigned type), and
+/// with `eEBP_Exclude` none unless its value is the best one. An
 /// element that is NaN bounds the search to either side; it is neither better nor worse than its neighbours and is
 /// reported with those that remain.
 ///

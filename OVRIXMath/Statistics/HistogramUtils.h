@@ -46,7 +46,7 @@ OVRIXMATH_EXPORT ovReal64 computeHistogramRange(ovBool bIntegral, ovReal64 first
 /// Number of classes of that width that cover the range; the last one is cut short where the width does not divide it.
 ///
 /// The quotient of range and width is truncated through a 64-bit integer that keeps its low 32 bits, so it means nothing
-/// from 2^32 on.
+/// from 2^32 on; it can be 0 then.
 ///
 /// @throws OVRIXMathException, Statistics message 11 unless `0 < binWidth`, then 12 unless `first < last`
 OVRIXMATH_EXPORT ovUInt32 computeHistogramNbClasses(ovBool bIntegral, ovReal64 first, ovReal64 last, ovReal64 binWidth);

@@ -30,8 +30,12 @@ std::vector<float> computeKernel(float sigma, int size, std::ptrdiff_t first, st
     float start = static_cast<float>(-size * 0.5);
     if (start - std::trunc(start) > 0.001)
         start += 0.5f;
+    const long firstPosition = static_cast<long>(start);
     const long lastPosition = static_cast<long>(static_cast<float>(size) + start);
-    for (long i = static_cast<long>(start); i < lastPosition; ++i)
+    // Taps are off by a few hundred positions at most, where a float has no place for single ones.
+    const long margin = 1024;
+    const long begin = std::max(firstPosition, firstPosition + first - margin);
+    for (long i = begin; i < std::min(lastPosition, firstPosition + end + margin); ++i)
     {
         // With more taps than a float can count some positions share a tap, and the last ones lie behind the kernel.
         const std::ptrdiff_t tap = static_cast<std::ptrdiff_t>(static_cast<float>(i) - start);

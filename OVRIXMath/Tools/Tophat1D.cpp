@@ -14,31 +14,65 @@ namespace math
 namespace
 {
 
-/// The extremum of each window [i - r, i + r], scanned from its first element on: `better` says whether a value takes
-/// the place of the one found so far.
-///
-/// A stretch of windows, short enough for the first-level cache, is scanned at once: its windows are independent of each
-/// other, so that the inner loop runs on vectors.
-template <class T, class Better>
-void filterWindows(const std::vector<T>& source, std::ptrdiff_t r, Better better, std::vector<T>& target)
+/// The elements of a sequence between r copies of its first one and r of its last one. A window that reaches beyond an end
+/// has the same extremum as one that is cut there, to the bit: what it takes in besides is an element that it holds.
+template <class T>
+class Padded
 {
-    const std::ptrdiff_t n = static_cast<std::ptrdiff_t>(source.size());
-    const std::ptrdiff_t stretch = 4096;
-    for (std::ptrdiff_t stretchBegin = 0; stretchBegin < n; stretchBegin += stretch)
-    {
-        const std::ptrdiff_t stretchEnd = std::min(n, stretchBegin + stretch);
-        T* const pTarget = target.data();
-        for (std::ptrdiff_t i = stretchBegin; i < stretchEnd; ++i)
-            pTarget[i] = source[std::max<std::ptrdiff_t>(0, i - r)];
+public:
+    Padded(std::size_t n, std::size_t r) : _n(n), _r(r), _elements(n + 2 * r) {}
 
-        for (std::ptrdiff_t offset = 1 - r; offset <= r; ++offset)
-        {
-            const T* const pSource = source.data();
-            const std::ptrdiff_t end = std::min(stretchEnd, n - offset);
-            for (std::ptrdiff_t i = std::max(stretchBegin, -offset); i < end; ++i)
-                pTarget[i] = better(pSource[i + offset], pTarget[i]) ? pSource[i + offset] : pTarget[i];
-        }
+    T* getElements()
+    {
+        return _elements.data() + _r;
     }
+
+    /// Copies the ends, once the elements are there.
+    void pad()
+    {
+        std::fill_n(_elements.data(), _r, _elements[_r]);
+        std::fill_n(_elements.data() + _r + _n, _r, _elements[_r + _n - 1]);
+    }
+
+    /// The first element of the first window.
+    const T* getFirstWindow() const
+    {
+        return _elements.data();
+    }
+
+private:
+    std::size_t _n;
+    std::size_t _r;
+    std::vector<T> _elements;
+};
+
+/// The extremum of each of `Size` windows of `length` elements that follow each other, scanned from the first element on:
+/// `better` says whether an element takes the place of the one found so far.
+///
+/// The windows are independent of each other, so the inner loop runs on vectors; what was found stays in registers.
+template <std::size_t Size, class T, class Better>
+void filterSideBySide(const T* pWindow, std::size_t length, Better better, T* pTarget)
+{
+    T found[Size];
+    std::copy(pWindow, pWindow + Size, found);
+    for (std::size_t offset = 1; offset < length; ++offset)
+    {
+        for (std::size_t i = 0; i < Size; ++i)
+            found[i] = better(pWindow[offset + i], found[i]) ? pWindow[offset + i] : found[i];
+    }
+    std::copy(found, found + Size, pTarget);
+}
+
+/// The extremum of each of n windows.
+template <class T, class Better>
+void filterWindows(const T* pWindow, std::size_t length, Better better, T* pTarget, std::size_t n)
+{
+    constexpr std::size_t nbAtOnce = 128 / sizeof(T);
+    std::size_t i = 0;
+    for (; i + nbAtOnce <= n; i += nbAtOnce)
+        filterSideBySide<nbAtOnce>(pWindow + i, length, better, pTarget + i);
+    for (; i < n; ++i)
+        filterSideBySide<1>(pWindow + i, length, better, pTarget + i);
 }
 
 /// The index of the extremum of [first, last], the earliest of equal ones.
@@ -52,22 +86,36 @@ std::size_t findExtremum(const std::vector<T>& input, bool bLowest, std::size_t 
     return best;
 }
 
+/// The sequence after two filters: the closing, or the opening.
+template <class T, class First, class Second>
+std::vector<T> filterTwice(const std::vector<T>& input, std::size_t r, First first, Second second)
+{
+    const std::size_t n = input.size();
+    const std::size_t length = 2 * r + 1;
+    Padded<T> source(n, r);
+    std::copy(input.begin(), input.end(), source.getElements());
+    source.pad();
+    Padded<T> between(n, r);
+    filterWindows(source.getFirstWindow(), length, first, between.getElements(), n);
+    between.pad();
+    std::vector<T> target(n);
+    filterWindows(between.getFirstWindow(), length, second, target.data(), n);
+    return target;
+}
+
 /// `closing - input` for valleys, `input - opening` for peaks.
 template <class T>
-std::vector<T> computeProfile(const std::vector<T>& input, bool bValleys, std::ptrdiff_t r)
+std::vector<T> computeProfile(const std::vector<T>& input, bool bValleys, std::size_t r)
 {
-    std::vector<T> between(input.size());
-    std::vector<T> profile(input.size());
+    std::vector<T> profile;
     if (bValleys)
     {
-        filterWindows(input, r, std::greater<T>(), between);
-        filterWindows(between, r, std::less<T>(), profile);
+        profile = filterTwice(input, r, std::greater<T>(), std::less<T>());
         std::transform(profile.begin(), profile.end(), input.begin(), profile.begin(), details::wrappingSubtract<T>);
     }
     else
     {
-        filterWindows(input, r, std::less<T>(), between);
-        filterWindows(between, r, std::greater<T>(), profile);
+        profile = filterTwice(input, r, std::less<T>(), std::greater<T>());
         std::transform(input.begin(), input.end(), profile.begin(), profile.begin(), details::wrappingSubtract<T>);
     }
     return profile;
@@ -80,11 +128,12 @@ ovUInt32 tophatThreshold1D(const std::vector<T>& input, bool bValleys, const eTo
                            float step, float threshold, std::vector<int>& indices)
 {
     indices.clear();
+    if (input.empty())
+        return 0;
 
     // A window never reaches further than the sequence.
-    const std::ptrdiff_t n = static_cast<std::ptrdiff_t>(input.size());
-    const std::ptrdiff_t r = std::min(std::max<std::ptrdiff_t>(0, details::truncateTo<int>(width / step)), n);
-    const std::vector<T> profile = computeProfile(input, bValleys, r);
+    const auto reach = static_cast<std::size_t>(std::max(0, details::truncateTo<int>(width / step)));
+    const std::vector<T> profile = computeProfile(input, bValleys, std::min(reach, input.size() - 1));
 
     ovUInt32 nbRuns = 0;
     bool bInside = false;

@@ -45,8 +45,9 @@ void drawDirections(benchmark::State& state)
         {
             std::vector<double> draws(2 * nbDirections);
             const boost::random::uniform_real_distribution<double> unit(0.0, 1.0);
+            boost::random::mt19937& generator = RandomUniformGenerator::getGen();
             for (double& draw : draws)
-                draw = unit(RandomUniformGenerator::getGen());
+                draw = unit(generator);
             benchmark::DoNotOptimize(draws.data());
         },
         10);

@@ -5,6 +5,7 @@
 
 Run from the project's root folder. Fails where a message has no advice or advice has no message."""
 
+import html
 import pathlib
 import re
 import sys
@@ -12,11 +13,11 @@ import sys
 HERE = pathlib.Path(__file__).parent
 NUMBERED_TEXT = re.compile(r'/\* (\d+) \*/((?:\s*"(?:[^"\\]|\\.)*")+)')
 
-INTRODUCTION = """# Messages {#messages}
+INTRODUCTION = r"""# Messages {#messages}
 
-Every text that the libraries raise, return or log, by domain and number. In a text, `%d`, `%f` and `%s` stand for the
-values that are filled in. A raise is logged before it is thrown, on the logger of the library; see the main page for the
-three outcomes of a check.
+Every text that the libraries raise, return or log, by domain and number. In a text, <code>\%d</code>,
+<code>\%f</code> and <code>\%s</code> stand for the values that are filled in. A raise is logged before it is
+thrown, on the logger of the library; see the main page for the three outcomes of a check.
 """
 
 
@@ -40,8 +41,9 @@ def read_advice():
 
 
 def quote(text):
-    """A text as it stands, within a table."""
-    return "`" + text.replace(r"\"", '"').replace(r"\n", " ↵ ").replace("|", r"\|") + "`"
+    """A text as it stands, within a table. Doxygen takes a percent sign for its own, also within a code span."""
+    text = html.escape(text.replace(r"\"", '"').replace(r"\n", " ↵ "), quote=False)
+    return "<code>" + text.replace("%", r"\%").replace("|", r"\|") + "</code>"
 
 
 def main():

@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 #include <sstream>
+#include <streambuf>
 #include <string>
 #include <support/AllocationCount.h>
 #include <support/ArchiveForms.h>
@@ -59,6 +60,23 @@ std::string claimSize(const char* containerName)
         });
 }
 
+/// Gives the same character for ever.
+class EndlessBuffer : public std::streambuf
+{
+public:
+    explicit EndlessBuffer(char character) : _block(4096, character) {}
+
+protected:
+    int_type underflow() override
+    {
+        setg(&_block[0], &_block[0], &_block[0] + _block.size());
+        return traits_type::to_int_type(_block[0]);
+    }
+
+private:
+    std::string _block;
+};
+
 using std::string_literals::operator""s;
 
 } // namespace
@@ -77,6 +95,38 @@ TYPED_TEST(ArchiveMemory, ASizeFieldAloneTakesNoMemory)
     expectRaisesInLittleMemory<TypeParam, std::vector<std::string>>(claimSize<TypeParam>("vector"));
     expectRaisesInLittleMemory<TypeParam, std::set<int>>(claimSize<TypeParam>("set"));
     expectRaisesInLittleMemory<TypeParam, std::map<int, double>>(claimSize<TypeParam>("map"));
+}
+
+TYPED_TEST(ArchiveMemory, EndlessInputIsRefusedAtOnce)
+{
+    for (const char character : {'\0', 'x'})
+    {
+        EndlessBuffer buffer(character);
+        std::istream stream(&buffer);
+        const auto open = [&]
+        { EXPECT_THROW(typename TypeParam::IArchive archive(stream), OVRIXSerializationException); };
+        EXPECT_LE(findLargestAllocation(open), 20000u);
+    }
+}
+
+TEST(ArchiveMemory, WhiteSpaceInFrontOfATextTakesNoMemory)
+{
+    std::istringstream stream(std::string(1000000, ' ') + save<TextForm>(7));
+    int value = 0;
+    const auto read = [&]
+    {
+        TextIArchive archive(stream);
+        archive >> makeIItem("value", value);
+    };
+    EXPECT_LE(findLargestAllocation(read), 40000u); // a page of the tree
+    EXPECT_EQ(value, 7);
+}
+
+TEST(ArchiveMemory, ATextOfKnownLengthIsReadIntoItsOwnMemory)
+{
+    const std::string bytes = save<TextForm>(std::string(1000000, 'x'));
+    std::istringstream stream(bytes);
+    EXPECT_LE(findLargestAllocation([&] { TextIArchive archive(stream); }), bytes.size() + 1);
 }
 
 TEST(ArchiveMemory, ABlockThatIsCutTakesNoMemory)
@@ -129,6 +179,40 @@ TEST(ArchiveMemory, AVectorFromAPipeTakesAtMostTwiceItsMemory)
     };
     EXPECT_LE(findLargestAllocation(read), 2 * values.size() * sizeof(double));
     EXPECT_EQ(restored, values);
+}
+
+TYPED_TEST(ArchiveMemory, AVectorOfOtherElementsIsReadIntoItsOwnMemory)
+{
+    const std::vector<std::string> values(1000, "text of more than 16 bytes");
+    std::istringstream stream(save<TypeParam>(values));
+    typename TypeParam::IArchive archive(stream);
+    std::vector<std::string> restored;
+    EXPECT_EQ(findLargestAllocation([&] { archive >> makeIItem("value", restored); }),
+              values.size() * sizeof(std::string));
+    EXPECT_EQ(restored, values);
+}
+
+TEST(ArchiveMemory, WhatContainersInEachOtherClaimTakesNoMoreThanTwiceTheInput)
+{
+    using Texts = std::vector<std::string>;
+    const std::string bytes = writeArchive<BinaryForm>(
+        [](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager outer(archive, "value");
+            const ArchiveSectionManager outerType(archive, "vector");
+            archive << makeOItem("size", 20000u);
+            const ArchiveSectionManager inner(archive, "value");
+            const ArchiveSectionManager innerType(archive, "vector");
+            archive << makeOItem("size", 20000u) << makeOItem("text", std::string(70000, 'x'));
+        });
+    std::istringstream stream(bytes);
+    std::vector<Texts> restored;
+    const auto read = [&]
+    {
+        BinaryIArchive archive(stream);
+        EXPECT_THROW(archive >> makeIItem("value", restored), OVRIXSerializationException);
+    };
+    EXPECT_LE(findLargestAllocation(read), 2 * bytes.size());
 }
 
 TEST(ArchiveMemory, WritingItemsTakesNoMemoryPerItem)

@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 #include <streambuf>
 #include <string>
 #include <support/ArchiveForms.h>
@@ -10,6 +11,7 @@
 #include <support/GoldenArchive.h>
 #include <support/LogCapture.h>
 #include <support/PipeStream.h>
+#include <utility>
 #include <vector>
 
 namespace ovrix
@@ -20,8 +22,8 @@ namespace test
 namespace
 {
 
-const std::string g_notWritten = "Stream has failed, archive can't be written";
-const std::string g_notRead = "Stream has failed, archive can't be read";
+const std::string g_notWritten = "Stream has failed, archive can't be written, in section \"/\"";
+const std::string g_notRead = "Stream has failed, archive can't be read, in section \"/\"";
 
 /// Takes a number of bytes and fails from then on.
 class FullBuffer : public std::streambuf
@@ -42,11 +44,27 @@ private:
     std::size_t _rest;
 };
 
-/// Gives a number of bytes and fails then.
-class BrokenBuffer : public std::streambuf
+/// Takes bytes, and fails while it is told to.
+class SwitchedBuffer : public std::streambuf
 {
 public:
-    explicit BrokenBuffer(std::string bytes) : _bytes(std::move(bytes))
+    bool _bBroken = false;
+
+protected:
+    int_type overflow(int_type character) override
+    {
+        return _bBroken ? traits_type::eof() : traits_type::not_eof(character);
+    }
+};
+
+/// Gives a number of bytes, and takes bytes while it is told to; throws something then.
+template <class Thrown>
+class ThrowingBuffer : public std::streambuf
+{
+public:
+    bool _bTaking = false;
+
+    ThrowingBuffer(std::string bytes, Thrown thrown) : _bytes(std::move(bytes)), _thrown(std::move(thrown))
     {
         setg(&_bytes[0], &_bytes[0], &_bytes[0] + _bytes.size());
     }
@@ -54,11 +72,19 @@ public:
 protected:
     int_type underflow() override
     {
-        throw std::runtime_error("The device is gone");
+        throw _thrown;
+    }
+
+    int_type overflow(int_type character) override
+    {
+        if (_bTaking)
+            return traits_type::not_eof(character);
+        throw _thrown;
     }
 
 private:
     std::string _bytes;
+    Thrown _thrown;
 };
 
 } // namespace
@@ -139,6 +165,78 @@ TYPED_TEST(ArchiveStream, AStreamThatThrowsRaisesTheSame)
     expectRaises<OVRIXSerializationException>(g_notWritten, write);
 }
 
+TYPED_TEST(ArchiveStream, ABufferThatThrowsAnythingRaisesTheSame)
+{
+    ThrowingBuffer<int> buffer(save<TypeParam>(7).substr(0, 20), 7);
+    std::iostream stream(&buffer);
+    stream.exceptions(std::ios::badbit);
+    const auto write = [&]
+    {
+        typename TypeParam::OArchive archive(stream);
+        archive << makeOItem("value", 1);
+        archive.close();
+    };
+    expectRaises<OVRIXSerializationException>(g_notWritten, write);
+    stream.clear();
+    const auto read = [&]
+    {
+        int value = 0;
+        typename TypeParam::IArchive archive(stream);
+        archive >> makeIItem("value", value);
+    };
+    expectRaises<OVRIXSerializationException>(g_notRead, read);
+}
+
+TYPED_TEST(ArchiveStream, AfterAFailureEverythingRaises)
+{
+    SwitchedBuffer buffer;
+    std::ostream stream(&buffer);
+    typename TypeParam::OArchive archive(stream);
+    buffer._bBroken = true;
+    const auto write = [&]
+    {
+        archive << makeOItem("text", std::string(100000, 'x'));
+        archive.close();
+    };
+    expectRaises<OVRIXSerializationException>(g_notWritten, write);
+
+    // What the device has lost meanwhile is lost, and a whole archive must not come of the rest.
+    buffer._bBroken = false;
+    stream.clear();
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive << makeOItem("value", 1); });
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive << makeOItem("text", std::string()); });
+    expectRaises<OVRIXSerializationException>(g_notWritten, write);
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive.openSection("section"); });
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive.close(); });
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive.close(); });
+}
+
+TEST(ArchiveStream, AfterAFailureBlocksRaise)
+{
+    SwitchedBuffer buffer;
+    std::ostream stream(&buffer);
+    BinaryOArchive archive(stream);
+    const std::string block(100000, 'x');
+    buffer._bBroken = true;
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive.writeBlock(block.data(), block.size()); });
+    buffer._bBroken = false;
+    stream.clear();
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive.writeBlock(block.data(), 0); });
+    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { archive.writeBlock(block.data(), block.size()); });
+}
+
+TEST(ArchiveStream, TheSectionThatIsBeingWrittenIsTold)
+{
+    FullBuffer buffer(100);
+    std::ostream stream(&buffer);
+    BinaryOArchive archive(stream);
+    archive.openSection("outer");
+    archive.openSection("inner");
+    expectRaises<OVRIXSerializationException>(
+        "Stream has failed, archive can't be written, in section \"/outer/inner\"",
+        [&] { archive << makeOItem("text", std::string(100000, 'x')); });
+}
+
 TYPED_TEST(ArchiveStream, TheDestructorCompletesTheArchive)
 {
     std::ostringstream stream;
@@ -156,6 +254,32 @@ TYPED_TEST(ArchiveStream, TheDestructorLogsAFailureAndDoesNotThrow)
         std::ofstream file("/dev/full", std::ios::binary);
         typename TypeParam::OArchive archive(file);
         archive << makeOItem("value", 7);
+    }
+    EXPECT_EQ(log.getTexts(), std::vector<std::string>{g_notWritten});
+}
+
+TYPED_TEST(ArchiveStream, TheDestructorTakesAnythingThatIsThrown)
+{
+    ThrowingBuffer<int> buffer("", 7);
+    buffer._bTaking = true;
+    std::ostream stream(&buffer);
+    {
+        typename TypeParam::OArchive archive(stream);
+        archive << makeOItem("value", 7);
+        buffer._bTaking = false;
+        stream.exceptions(std::ios::badbit);
+    }
+    EXPECT_TRUE(stream.bad());
+}
+
+TYPED_TEST(ArchiveStream, TheDestructorDoesNotLogAFailureAgain)
+{
+    const LogCapture log;
+    {
+        std::ofstream file("/dev/full", std::ios::binary);
+        typename TypeParam::OArchive archive(file);
+        archive << makeOItem("value", 7);
+        EXPECT_THROW(archive.close(), OVRIXSerializationException);
     }
     EXPECT_EQ(log.getTexts(), std::vector<std::string>{g_notWritten});
 }
@@ -231,7 +355,7 @@ TYPED_TEST(ArchiveStream, ADeviceThatBreaksHalfWayRaises)
     const std::string bytes = save<TypeParam>(std::string(1000, 'x'));
     for (const std::size_t size : {std::size_t(0), std::size_t(5), std::size_t(30), bytes.size() - 1})
     {
-        BrokenBuffer buffer(bytes.substr(0, size));
+        ThrowingBuffer<std::runtime_error> buffer(bytes.substr(0, size), std::runtime_error("The device is gone"));
         std::istream stream(&buffer);
         const auto read = [&]
         {

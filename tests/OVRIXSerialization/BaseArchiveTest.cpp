@@ -89,6 +89,15 @@ TYPED_TEST(BaseArchive, ThePathCutsLongNames)
     EXPECT_EQ(archive.getSectionPath(), "/" + std::string(200, 'a') + "/" + std::string(200, 'b') + ".../inner");
 }
 
+TYPED_TEST(BaseArchive, ThePathIsFitToBePrinted)
+{
+    std::ostringstream stream;
+    typename TypeParam::OArchive archive(stream);
+    const ArchiveSectionManager whole(archive, "a\\b\n\x1B\x7F\xFF\xC3\xA4");
+    const ArchiveSectionManager cut(archive, std::string(199, 'c') + "\xC3\xA4");
+    EXPECT_EQ(archive.getSectionPath(), "/a\\b\\n\\x1b\\x7f\\xff\xC3\xA4/" + std::string(199, 'c') + "...");
+}
+
 TYPED_TEST(BaseArchive, SectionsPass)
 {
     const std::string bytes = writeArchive<TypeParam>(

@@ -112,6 +112,17 @@ TEST(BinaryIArchive, TheNextEntryCanBeLookedAt)
     EXPECT_EQ(archive.peekEntry().type, eAE_ArchiveEnd);
 }
 
+TEST(BinaryIArchive, ANameThatHasANumberAlreadyRaises)
+{
+    std::istringstream stream(makeBinaryArchive({"i\0\1a\1\0\0\0i\0\1a\1\0\0\0"s}));
+    BinaryIArchive archive(stream);
+    int value = 0;
+    archive >> makeIItem("a", value);
+    expectRaises<OVRIXSerializationException>(
+        "Archive can't be parsed, there is a name that has a number already at offset 12, in section \"/\"",
+        [&] { archive >> makeIItem("a", value); });
+}
+
 TEST(BinaryIArchive, OtherInputIsNotAnArchive)
 {
     const std::string text = "Input is not an archive, it does not begin with the magic number of binary archives";
@@ -188,6 +199,8 @@ TEST(BinaryIArchive, FrameLengthsHaveARange)
                   makeBinaryHeader() + "\0\0\0\0"s + behind);
     expectRefused("Frame 0 of archive has length 1048577, which is not in [1, 1048576], in section \"/\"",
                   makeBinaryHeader() + "\1\0\x10\0"s + behind);
+    expectRefused("Frame 0 of archive has length 1048577, which is not in [0, 1048576], in section \"/\"",
+                  makeBinaryHeader() + "\1\0\x10\x80"s + behind);
     expectRefused("Archive is cut short, expecting more of a frame, in section \"/\"",
                   makeBinaryHeader() + "\0\0\x10\0"s + behind);
 }
@@ -229,6 +242,16 @@ TEST(BinaryIArchive, ASizeBeyondTheInputRaises)
     expectRefused("Size 1000000 is more than the 2 that what is left of archive can hold, in section \"/\"",
                   makeBinaryArchive({"i\0\xC0\x84\x3D"
                                      "ab"s}));
+}
+
+TEST(BinaryIArchive, ANameInAMessageIsFitToBePrinted)
+{
+    std::istringstream stream(makeBinaryArchive({"i\0\6\x1B[31m\n\1\0\0\0"s}));
+    BinaryIArchive archive(stream);
+    int value = 0;
+    expectRaises<OVRIXSerializationException>(
+        R"(Expecting item "value" while archive holds item "\x1b[31m\n", in section "/")",
+        [&] { archive >> makeIItem("value", value); });
 }
 
 TEST(BinaryIArchive, ANameThatIsTooLongRaises)

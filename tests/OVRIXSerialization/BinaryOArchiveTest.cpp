@@ -113,6 +113,33 @@ TEST(BinaryOArchive, ArchivesCanStandOneBehindTheOther)
     }
 }
 
+TEST(BinaryOArchive, AnArchiveOfNothingIsPassedByLookingAtItsEnd)
+{
+    std::stringstream stream;
+    BinaryOArchive(stream).close();
+    stream << "behind";
+    BinaryIArchive archive(stream);
+    EXPECT_EQ(archive.peekEntry().type, eAE_ArchiveEnd);
+    EXPECT_EQ(stream.str().substr(static_cast<std::size_t>(stream.tellg())), "behind");
+}
+
+TEST(BinaryOArchive, AnArchiveThatIsNotReadToItsEndIsPassedByReadingTheRest)
+{
+    std::stringstream stream;
+    {
+        BinaryOArchive archive(stream);
+        for (int i = 0; i < 20000; ++i)
+            archive << makeOItem("value", i);
+    }
+    stream << "behind";
+    BinaryIArchive archive(stream);
+    int value = 0;
+    while (archive.peekEntry().type != eAE_ArchiveEnd)
+        archive >> makeIItem("value", value);
+    EXPECT_EQ(value, 19999);
+    EXPECT_EQ(stream.str().substr(static_cast<std::size_t>(stream.tellg())), "behind");
+}
+
 TEST(BinaryOArchive, TheExampleOfTheGuideIsWritten)
 {
     const std::string bytes = writeArchive<BinaryForm>(

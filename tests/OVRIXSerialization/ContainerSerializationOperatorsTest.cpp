@@ -1,9 +1,12 @@
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 
+#include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <map>
 #include <set>
+#include <support/ArbitraryNumbers.h>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
 #include <support/SerializableObjects.h>
@@ -46,6 +49,25 @@ TYPED_TEST(ContainerSerialization, VectorsOfNumbersThatAreNoItemTypePass)
     expectKept<TypeParam>(std::vector<std::uint8_t>{0, 255});
     expectKept<TypeParam>(std::vector<std::int16_t>{-32768, 32767});
     expectKept<TypeParam>(std::vector<long>{std::numeric_limits<long>::min(), std::numeric_limits<long>::max()});
+}
+
+TYPED_TEST(ContainerSerialization, VectorsOfFloatKeepTheBitsOfNans)
+{
+    const std::vector<std::uint32_t> bits = {0x7FC00000, 0xFFC00000, 0x7F800001, 0xFFBFFFFF, 0x7FC12345};
+    std::vector<float> values(bits.size());
+    std::memcpy(values.data(), bits.data(), bits.size() * sizeof(float));
+    const auto restored = passThrough<TypeParam>(values);
+    std::vector<std::uint32_t> restoredBits(restored.size());
+    std::memcpy(restoredBits.data(), restored.data(), restored.size() * sizeof(float));
+    EXPECT_EQ(restoredBits, bits);
+}
+
+TEST(ContainerSerialization, ANanIsReadAsOneWhenItsBitsAreTooMany)
+{
+    std::vector<float> values;
+    load<TextForm>(save<TextForm>(std::vector<double>{fromBits(0x7FF0000000000001)}), values);
+    ASSERT_EQ(values.size(), 1u);
+    EXPECT_TRUE(std::isnan(values[0]));
 }
 
 TYPED_TEST(ContainerSerialization, EmptyContainersPass)
@@ -265,11 +287,26 @@ TYPED_TEST(ContainerSerialization, ACircleOfPointersRaises)
 
 TYPED_TEST(ContainerSerialization, AnObjectOfAnUnknownClassRaises)
 {
-    const std::string bytes = save<TypeParam>(boost::make_shared<Secret>());
+    const std::string bytes = writeArchive<TypeParam>(
+        [](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager item(archive, "value");
+            const ArchiveSectionManager type(archive, "shared_ptr<test::Secret>");
+            const ArchiveSectionManager object(archive, "pObject");
+            archive << makeOItem("className", std::string("test::Secret"));
+        });
     boost::shared_ptr<Secret> pSecret;
     expectRaises<OVRIXSerializationException>("Archive holds an object of unknown class \"test::Secret\", in section "
                                               "\"/value/shared_ptr<test::Secret>/pObject\"",
                                               [&] { load<TypeParam>(bytes, pSecret); });
+}
+
+TYPED_TEST(ContainerSerialization, AnObjectThatCouldNotBeCreatedIsNotWritten)
+{
+    expectRaises<OVRIXSerializationException>(
+        "Object can't be written, its class test::Secret is not registered and could not be created, in section "
+        "\"/value/shared_ptr<test::Secret>\"",
+        [] { save<TypeParam>(boost::make_shared<Secret>()); });
 }
 
 TYPED_TEST(ContainerSerialization, AnObjectOfAForeignClassRaises)
@@ -279,23 +316,25 @@ TYPED_TEST(ContainerSerialization, AnObjectOfAForeignClassRaises)
         {
             const ArchiveSectionManager item(archive, "value");
             const ArchiveSectionManager type(archive, "shared_ptr<test::Shape>");
-            const Session session;
-            archive.writeObject("pObject", &session);
+            const ArchiveSectionManager object(archive, "pObject");
+            archive << makeOItem("className", std::string("test::Session")); // and nothing of its content
         });
     ShapePtr pShape;
     expectRaises<OVRIXSerializationException>(
         "Expecting an object of class test::Shape while archive holds an object of class test::Session, in section "
-        "\"/value/shared_ptr<test::Shape>\"",
+        "\"/value/shared_ptr<test::Shape>/pObject\"",
         [&] { load<TypeParam>(bytes, pShape); });
 }
 
 TYPED_TEST(ContainerSerialization, AnObjectThatRefusesRaises)
 {
     auto pRefusal = boost::make_shared<Refusal>();
-    expectRaises<OVRIXSerializationException>("Object of class test::Refusal can't be read\nNot to be read",
+    expectRaises<OVRIXSerializationException>("Object of class test::Refusal can't be read, in section "
+                                              "\"/value/shared_ptr<test::Refusal>/pObject\"\nNot to be read",
                                               [&] { passThrough<TypeParam>(pRefusal); });
     pRefusal->_bWritable = false;
-    expectRaises<OVRIXSerializationException>("Object of class test::Refusal can't be written\nNot to be written",
+    expectRaises<OVRIXSerializationException>("Object of class test::Refusal can't be written, in section "
+                                              "\"/value/shared_ptr<test::Refusal>/pObject\"\nNot to be written",
                                               [&] { save<TypeParam>(pRefusal); });
 }
 

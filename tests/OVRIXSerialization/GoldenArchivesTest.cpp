@@ -148,18 +148,6 @@ bool areSame(const ShapePtr& pFirst, const ShapePtr& pSecond)
     return areSame(pGroup->_border, other._border) && areSame(pGroup->_members, other._members);
 }
 
-/// Reads a damaged archive: an exception, or the value that was written.
-template <class T>
-auto makeDamagedReader(const T& expected)
-{
-    return [expected](const std::string& bytes)
-    {
-        T value{};
-        load<BinaryForm>(bytes, value);
-        EXPECT_EQ(value, expected);
-    };
-}
-
 } // namespace
 
 template <class Form>
@@ -199,22 +187,6 @@ TYPED_TEST(GoldenArchives, SharedPointers)
 {
     checkGoldenArchive<TypeParam>(
         "shapes", makeShapes(), [](const std::vector<ShapePtr>& restored) { return areSame(restored, makeShapes()); });
-}
-
-TEST(GoldenArchives, EveryTruncationOfABinaryArchiveRaises)
-{
-    const std::string items = readFile(getGoldenArchivePath("items.bin"));
-    EXPECT_EQ(readTruncations(items, makeDamagedReader(makeItems())).nbRaised, items.size());
-    const std::string map = readFile(getGoldenArchivePath("map.bin"));
-    EXPECT_EQ(readTruncations(map, makeDamagedReader(makeBuckets())).nbRaised, map.size());
-}
-
-TEST(GoldenArchives, EveryTurnedBitOfABinaryArchiveRaises)
-{
-    const std::string items = readFile(getGoldenArchivePath("items.bin"));
-    EXPECT_EQ(readBitFlips(items, makeDamagedReader(makeItems())).nbRaised, 8 * items.size());
-    const std::string map = readFile(getGoldenArchivePath("map.bin"));
-    EXPECT_EQ(readBitFlips(map, makeDamagedReader(makeBuckets())).nbRaised, 8 * map.size());
 }
 
 TEST(GoldenArchives, DamageOfALargeBlockRaises)

@@ -147,6 +147,74 @@ private:
     void copyMembers(const PaintedLamp&) {}
 };
 
+/// A class whose objects can be not initialised.
+class Reading : public CopyableObject<Reading, BaseSerializationObject>
+{
+public:
+    bool _bInit = false;
+    double _value = 0.0;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::Reading";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_bInit", self._bInit);
+        items("_value", self._value);
+    }
+
+    void copyMembers(const Reading&) {}
+
+    void finishRead(const BaseIArchive& archive)
+    {
+        OVRIXSERIALIZATION_RAISE_UNLESS(_value >= 0.0, 30, getTypeName(), "it is negative", archive.getSectionPath());
+    }
+
+    void cancelRead()
+    {
+        _bInit = false;
+    }
+};
+
+/// A class that leaves it to its base to be not initialised.
+class LabelledReading : public CopyableObject<LabelledReading, Reading>
+{
+public:
+    std::string _label;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::LabelledReading";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_label", self._label);
+    }
+
+    void copyMembers(const LabelledReading&) {}
+};
+
+template <class T>
+T makeReading(double value)
+{
+    T reading;
+    reading._bInit = true;
+    reading._value = value;
+    return reading;
+}
+
+/// A class that says nothing of itself; all that there is comes from its base.
+class Mute : public CopyableObject<Mute, Circle>
+{
+private:
+    friend SerializableAccess;
+};
+
 EarlierLamp makeEarlierLamp(bool bOn, double watts)
 {
     EarlierLamp lamp;
@@ -182,6 +250,18 @@ TEST(SerializableClass, AnObjectTellsTheNameOfItsConcreteClass)
 TEST(SerializableClass, TheTypeNameIsOneString)
 {
     EXPECT_EQ(&Circle::getTypeName(), &Circle().getClassName());
+}
+
+TEST(SerializableClass, WhatAClassForgetsToSayIsNotTakenFromItsBase)
+{
+    EXPECT_TRUE(SerializableAccess::hasClassName<Circle>());
+    EXPECT_TRUE(SerializableAccess::hasClassVersion<Circle>());
+    EXPECT_TRUE(SerializableAccess::hasItems<Circle>());
+    EXPECT_TRUE(SerializableAccess::hasMembersToCopy<Circle>());
+    EXPECT_FALSE(SerializableAccess::hasClassName<Mute>());
+    EXPECT_FALSE(SerializableAccess::hasClassVersion<Mute>());
+    EXPECT_FALSE(SerializableAccess::hasItems<Mute>());
+    EXPECT_FALSE(SerializableAccess::hasMembersToCopy<Mute>());
 }
 
 TYPED_TEST(SerializableClass, AnObjectPassesWithItsBase)
@@ -370,6 +450,58 @@ TYPED_TEST(SerializableClass, ItemsOfABaseThatDoNotFitTogetherRaise)
     interval._name = "new";
     EXPECT_THROW(load<TypeParam>(save<TypeParam>(interval), restored), OVRIXSerializationException);
     EXPECT_EQ(restored._name, "old"); // not reached
+}
+
+TYPED_TEST(SerializableClass, AnObjectThatIsReadInPartIsNotInitialised)
+{
+    const std::string bytes = writeArchive<TypeParam>(
+        [](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager value(archive, "value");
+            {
+                const ArchiveSectionManager version(archive, "test::Reading");
+                archive << makeOItem("version", 1u);
+            }
+            archive << makeOItem("_bInit", true);
+        });
+    auto reading = makeReading<Reading>(7.0);
+    EXPECT_THROW(load<TypeParam>(bytes, reading), OVRIXSerializationException);
+    EXPECT_FALSE(reading._bInit);
+}
+
+TYPED_TEST(SerializableClass, AnObjectOfItemsThatDoNotFitIsNotInitialised)
+{
+    auto reading = makeReading<Reading>(7.0);
+    EXPECT_THROW(load<TypeParam>(save<TypeParam>(makeReading<Reading>(-1.0)), reading), OVRIXSerializationException);
+    EXPECT_FALSE(reading._bInit);
+}
+
+TYPED_TEST(SerializableClass, ADerivedObjectThatIsReadInPartIsNotInitialised)
+{
+    auto labelled = makeReading<LabelledReading>(7.0);
+    const std::string bytes = save<TypeParam>(makeReading<Reading>(8.0));
+    EXPECT_THROW(load<TypeParam>(bytes, labelled), OVRIXSerializationException);
+    EXPECT_EQ(labelled._value, 8.0);
+    EXPECT_FALSE(labelled._bInit);
+}
+
+TYPED_TEST(SerializableClass, AnObjectThatCannotBeCancelledMayBeReadInPart)
+{
+    Circle circle("old", 1.0);
+    Shape& shape = circle;
+    const std::string bytes = writeArchive<TypeParam>(
+        [](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager value(archive, "value");
+            {
+                const ArchiveSectionManager version(archive, "test::Shape");
+                archive << makeOItem("version", 1u);
+            }
+            archive << makeOItem("_name", std::string("new"));
+        });
+    EXPECT_THROW(load<TypeParam>(bytes, shape), OVRIXSerializationException);
+    EXPECT_EQ(circle._name, "new");
+    EXPECT_EQ(circle._radius, 1.0);
 }
 
 } // namespace test

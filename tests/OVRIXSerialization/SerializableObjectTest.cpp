@@ -93,15 +93,17 @@ TYPED_TEST(SerializableObject, AnObjectThatRefusesToBeWrittenRaises)
 {
     Refusal refusal;
     refusal._bWritable = false;
-    expectRaises<OVRIXSerializationException>("Object of class test::Refusal can't be written\nNot to be written",
-                                              [&] { save<TypeParam>(refusal); });
+    expectRaises<OVRIXSerializationException>(
+        "Object of class test::Refusal can't be written, in section \"/value\"\nNot to be written",
+        [&] { save<TypeParam>(refusal); });
 }
 
 TYPED_TEST(SerializableObject, AnObjectThatRefusesToBeReadRaises)
 {
     Refusal refusal;
-    expectRaises<OVRIXSerializationException>("Object of class test::Refusal can't be read\nNot to be read",
-                                              [&] { load<TypeParam>(save<TypeParam>(refusal), refusal); });
+    expectRaises<OVRIXSerializationException>(
+        "Object of class test::Refusal can't be read, in section \"/value\"\nNot to be read",
+        [&] { load<TypeParam>(save<TypeParam>(refusal), refusal); });
 }
 
 } // namespace test

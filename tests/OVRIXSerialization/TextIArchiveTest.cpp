@@ -6,6 +6,7 @@
 #include <cstring>
 #include <sstream>
 #include <support/ArchiveForms.h>
+#include <support/BoundedTime.h>
 #include <support/ExpectFailure.h>
 #include <vector>
 
@@ -150,6 +151,37 @@ TEST(TextIArchive, PredefinedAndNumericReferencesAreRead)
     EXPECT_EQ(loadText<std::string>("string", "&lt;&gt;&amp;&quot;&apos;&#65;&#x42;&#xE4;"), "<>&\"'AB\xC3\xA4");
 }
 
+TEST(TextIArchive, AReferenceMayHaveManyLeadingZeros)
+{
+    const std::string zeros(1000, '0');
+    EXPECT_EQ(loadText<std::string>("string", "&#" + zeros + "65;&#x" + zeros + "42;"), "AB");
+}
+
+TEST(TextIArchive, CommentsAndProcessingInstructionsMayHoldAmpersands)
+{
+    int value = 0;
+    load<TextForm>(wrap("<!-- R&D <&lol; --><?tool a & b?>"
+                        "<item name=\"value\" type=\"int32\">7</item><!-- & -->"),
+                   value);
+    EXPECT_EQ(value, 7);
+}
+
+TEST(TextIArchive, UnknownEntitiesInTagsRaise)
+{
+    const std::string begin = g_head + "<archive format=\"OVRIXArchive\" version=\"1\"><item name='>";
+    expectNotOpened("Archive can't be parsed, there is a reference to an unknown entity at offset " +
+                        std::to_string(begin.size()) + ", in section \"/\"",
+                    begin + "&lol;' type=\"int32\">1</item></archive>");
+}
+
+TEST(TextIArchive, ATagInATagRaises)
+{
+    const std::string begin = g_head + "<archive format=\"OVRIXArchive\" version=\"1\"><item name=\"";
+    expectNotOpened("Archive can't be parsed, there is a < inside of a tag at offset " + std::to_string(begin.size()) +
+                        ", in section \"/\"",
+                    begin + "<!-- &lol; -->\" type=\"int32\">1</item></archive>");
+}
+
 TEST(TextIArchive, UnknownEntitiesRaise)
 {
     const std::string begin = g_head + "<archive format=\"OVRIXArchive\" version=\"1\">";
@@ -159,6 +191,22 @@ TEST(TextIArchive, UnknownEntitiesRaise)
         expectNotOpened("Archive can't be parsed, there is a reference to an unknown entity at offset " + offset +
                             ", in section \"/\"",
                         begin + reference + "</archive>");
+}
+
+TEST(TextIArchive, ManyAmpersandsTakeLittleTime)
+{
+    const auto read = []
+    {
+        std::istringstream stream("<" + std::string(4000000, '&'));
+        try
+        {
+            TextIArchive archive(stream);
+        }
+        catch (const OVRIXSerializationException&)
+        {
+        }
+    };
+    expectEnds("", {{"ampersands", read}});
 }
 
 TEST(TextIArchive, ADocumentTypeIsRefused)
@@ -172,6 +220,9 @@ TEST(TextIArchive, WhatIsNoXmlIsNotAnArchive)
 {
     expectNotOpened("Input is not an archive, it is empty", "");
     expectNotOpened("Input is not an archive, it is empty", " \n ");
+    expectNotOpened("Input is not an archive, it is empty", " \n \t \r\n ");
+    expectNotOpened("Input is not an archive, it is empty", "\xEF\xBB\xBF");
+    expectNotOpened("Input is not an archive, it is no XML", "\xEF\xBB<archive/>");
     expectNotOpened("Input is not an archive, it is no XML", "name,value\n1,2\n");
     expectNotOpened("Input is not an archive, it is no XML", save<BinaryForm>(1));
     expectNotOpened("Input is not an archive, it is no XML", std::string("\xFF\xFE<\0a\0", 6));
@@ -206,6 +257,12 @@ TEST(TextIArchive, AnotherEncodingRaises)
                     "<archive format=\"OVRIXArchive\" version=\"1\"></archive>");
 }
 
+TEST(TextIArchive, TheNameOfTheEncodingHasNoCase)
+{
+    for (const char* encoding : {"UTF-8", "utf-8", "Utf-8"})
+        open(std::string("<?xml version=\"1.0\" encoding=\"") + encoding + "\"?>" + wrap("").substr(g_head.size()));
+}
+
 TEST(TextIArchive, BytesThatAreNoUtf8Raise)
 {
     const std::string begin = g_head + "<archive format=\"OVRIXArchive\" version=\"1\"><item name=\"";
@@ -223,6 +280,33 @@ TEST(TextIArchive, AnArchiveThatIsCutShortRaises)
     expectNotOpened(text, bytes.substr(0, bytes.size() - 2));
     expectNotOpened(text, bytes.substr(0, bytes.size() / 2));
     expectNotOpened(text, bytes.substr(0, 20));
+    expectNotOpened(text, bytes.substr(0, bytes.find("</archive>")) + "<!-- <archive/> ");
+}
+
+TEST(TextIArchive, BrokenXmlThatIsCompleteIsNotCutShort)
+{
+    const std::string broken = "<item name=a type=\"int32\">1</item>";
+    for (const std::string& bytes : {wrap(broken), wrap(broken) + "<!-- end -->", wrap("<section name=\"s\">"),
+                                     wrap("\xFF") + "<!-- end -->", std::string("<archive format=1/> ")})
+    {
+        try
+        {
+            open(bytes);
+            ADD_FAILURE() << bytes;
+        }
+        catch (const OVRIXSerializationException& exception)
+        {
+            EXPECT_EQ(std::string(exception.what()).substr(0, 24), "Archive can't be parsed,") << bytes;
+        }
+    }
+}
+
+TEST(TextIArchive, ThePlaceCountsWhatStandsBeforeTheXml)
+{
+    const std::string begin = "\xEF\xBB\xBF \r\n\t";
+    expectNotOpened("Archive can't be parsed, there is a reference to an unknown entity at offset " +
+                        std::to_string(begin.size() + wrap("").find("</archive>")) + ", in section \"/\"",
+                    begin + wrap("&lol;"));
 }
 
 TEST(TextIArchive, BrokenXmlRaises)
@@ -254,7 +338,8 @@ TEST(TextIArchive, EntriesThatAreNoneRaise)
 TEST(TextIArchive, AnItemThatHoldsMoreThanATextRaises)
 {
     int value = 0;
-    for (const char* text : {"1<!-- -->2", "<item name=\"b\" type=\"int32\">1</item>", "<![CDATA[1]]>", "1<b/>"})
+    for (const char* text : {"1<!-- -->2", "1<!-- --> ", " <!-- -->", "<!-- -->1", "1<?tool?>",
+                             "<item name=\"b\" type=\"int32\">1</item>", "<![CDATA[1]]>", "1<b/>"})
         EXPECT_THROW(load<TextForm>(wrapItem("int32", text), value), OVRIXSerializationException) << text;
 }
 

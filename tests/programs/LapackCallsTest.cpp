@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <lapacke.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <dlfcn.h>
 #include <functional>
@@ -38,6 +39,9 @@ std::map<std::string, lapack_int> g_returnCodes;
 
 /// What the singular value decomposition left in its arrays a, s and u.
 std::function<void(const double* a, const double* s, const double* u)> g_readDecomposition;
+
+/// What the inversion of a Cholesky factor left in its array.
+std::function<void(const double* a)> g_readInverse;
 
 void describe(std::ostream& stream, char argument)
 {
@@ -88,7 +92,10 @@ extern "C"
 
     lapack_int LAPACKE_dpotri(int layout, char uplo, lapack_int n, double* a, lapack_int lda)
     {
-        return watch("dpotri", &LAPACKE_dpotri, layout, uplo, n, a, lda);
+        const lapack_int info = watch("dpotri", &LAPACKE_dpotri, layout, uplo, n, a, lda);
+        if (g_readInverse)
+            g_readInverse(a);
+        return info;
     }
 
     lapack_int LAPACKE_dgetrf(int layout, lapack_int m, lapack_int n, double* a, lapack_int lda, lapack_int* ipiv)
@@ -190,6 +197,7 @@ protected:
     {
         g_returnCodes.clear();
         g_readDecomposition = nullptr;
+        g_readInverse = nullptr;
     }
 
     Matrix _square = square();
@@ -362,6 +370,25 @@ TEST_F(LapackCalls, NothingIsCalledForMatricesWithoutElements)
 }
 
 // What is made of the arrays
+
+TEST_F(LapackCalls, CholeskyInverseCopiesTheUpperTriangleOntoTheLower)
+{
+    std::mt19937 gen(2);
+    for (const std::size_t n : {1u, 2u, 7u, 31u, 32u, 33u, 64u, 65u, 100u})
+    {
+        std::vector<double> upper;
+        g_readInverse = [&](const double* a) { upper.assign(a, a + n * n); };
+        Matrix A = withEigenvalues(std::vector<double>(n, 2.0), gen);
+        for (std::size_t i = 0; i < n; ++i)
+            A(i, i) += static_cast<double>(i);
+        ASSERT_TRUE(choleskyInverse(A)) << n;
+        for (std::size_t r = 0; r < n; ++r)
+        {
+            for (std::size_t c = 0; c < n; ++c)
+                ASSERT_EQ(A(r, c), upper[std::min(r, c) * n + std::max(r, c)]) << n << ": (" << r << ", " << c << ")";
+        }
+    }
+}
 
 TEST_F(LapackCalls, SvdInverseSumsInTheOrderOfTheSingularValues)
 {

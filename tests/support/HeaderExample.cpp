@@ -24,13 +24,11 @@ std::string withoutIndentation(const std::string& line)
     return start == std::string::npos ? std::string() : line.substr(start);
 }
 
-} // namespace
-
-std::string readExample(const std::string& header)
+/// What stands between "```cpp" and "```" on the lines that begin with a mark, which is left out.
+std::vector<std::string> readExamples(const std::string& path, const std::string& mark)
 {
-    const std::string mark = "///";
-    std::ifstream file = openProjectFile(header);
-    std::string example;
+    std::ifstream file = openProjectFile(path);
+    std::vector<std::string> examples;
     bool bInside = false;
     for (std::string line; std::getline(file, line);)
     {
@@ -38,12 +36,30 @@ std::string readExample(const std::string& header)
             continue;
         const std::string text = withoutIndentation(line.substr(mark.size()));
         if (bInside && text == "```")
-            return example;
-        if (bInside)
-            example += text + '\n';
-        bInside = bInside || text == "```cpp";
+            bInside = false;
+        else if (bInside)
+            examples.back() += text + '\n';
+        else if (text == "```cpp")
+        {
+            examples.emplace_back();
+            bInside = true;
+        }
     }
-    throw std::runtime_error("No example in " + header);
+    if (examples.empty())
+        throw std::runtime_error("No example in " + path);
+    return examples;
+}
+
+} // namespace
+
+std::string readExample(const std::string& header)
+{
+    return readExamples(header, "///").front();
+}
+
+std::vector<std::string> readGuideExamples(const std::string& guide)
+{
+    return readExamples(guide, "");
 }
 
 std::string readCode(const std::string& source)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace ovrix
 {
@@ -18,6 +19,11 @@ namespace test
 ///
 /// @param header path from the project's root
 std::string readExample(const std::string& header);
+
+/// The examples of a guide in Markdown, each as above.
+///
+/// @param guide path from the project's root
+std::vector<std::string> readGuideExamples(const std::string& guide);
 
 /// The lines of a source file without indentation.
 ///

@@ -55,5 +55,7 @@ private:
     ovUInt32 _nbStarts = 0;
 };
 
+const DynamicRegistrator<RunPartition> g_classRegistrator; // in one source file; archives create it by its name
+
 } // namespace math
 } // namespace ovrix

@@ -9,8 +9,7 @@ namespace orientations
 
 /// The Coulomb energy E = sum over pairs i < j of 1 / |xi - xj|, and its gradient in space, of the size of `points`.
 ///
-/// The sums run in the order that the processor's vector registers suggest: the last digits are not the same on all
-/// processors.
+/// The order of the sums is left to the compiler: the last digits are not the same in all builds.
 double computeEnergy(const PointSet& points, PointSet& gradient);
 
 /// The energy of the unit vectors of the records, in extended precision from the angles on.

@@ -70,6 +70,8 @@ public:
         {
             _bCut = true;
             _origin = middle;
+            _begin = -0.5 * g_pi;
+            _end = 0.5 * g_pi;
             return;
         }
         const double offset = std::remainder(middle - _origin, 2.0 * g_pi);
@@ -82,10 +84,13 @@ public:
         return _begin >= _end;
     }
 
-    /// The larger of the angles from the point to the two ends of the arc.
+    /// The largest angle from the point to a place of the arc: to one of its ends, or to the place opposite to both
+    /// points.
     double getLargestAngle() const
     {
-        return std::max(getAngle(_begin), getAngle(_end));
+        const double opposite = std::remainder(std::atan2(-dot(_v, _p), -dot(_u, _p)) - _origin, 2.0 * g_pi);
+        const double largest = std::max(getAngle(_begin), getAngle(_end));
+        return _begin <= opposite && opposite <= _end ? std::max(largest, getAngle(opposite)) : largest;
     }
 
 private:
@@ -100,8 +105,8 @@ private:
     Vector3 _v;
     bool _bCut = false;
     double _origin = 0.0;
-    double _begin = -0.5 * g_pi;
-    double _end = 0.5 * g_pi;
+    double _begin = -g_pi;
+    double _end = g_pi;
 };
 
 } // namespace
@@ -132,7 +137,7 @@ SphereDivision divideSphere(const PointSet& points)
             division.largestHole = std::max(division.largestHole, edge.getLargestAngle());
         }
     }
-    division.smallestAngle = std::acos(closest);
+    division.smallestAngle = std::acos(std::min(closest, 1.0));
     return division;
 }
 

@@ -24,7 +24,7 @@ struct SphereDivision
     double largestHole = 0.0;
 };
 
-/// @param points at least four, which do not all fit in one half of the sphere
+/// @param points at least two, no two in one place
 SphereDivision divideSphere(const PointSet& points);
 
 /// Points along a spiral from pole to pole, each a golden angle on and the same area down from the last.

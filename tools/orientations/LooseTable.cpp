@@ -32,7 +32,7 @@ Records makeLooseTable(const Records& table, double energy, Generator& generator
         if (std::abs(computeExactEnergy(loose) - static_cast<long double>(energy)) < 0.4L * ninthDecimal)
             return loose;
     }
-    throw std::runtime_error("the energy is not that of a loose table: it may be below the minimum's");
+    throw std::runtime_error("the energy is not that of a loose table: it may be below the minimum's or far above it");
 }
 
 } // namespace orientations

@@ -72,7 +72,7 @@ Minimum Minimiser::minimise(PointSet& points, const StoppingRule& rule)
     _currentEnergy = evaluate(_current, _currentGradient);
     Minimum minimum;
     while (_currentEnergy > rule.energy && maxLength(_currentGradient) > rule.gradientTolerance &&
-           minimum.nbIterations < rule.maxIterations)
+           minimum.nbIterations < rule.maxIterations && std::chrono::steady_clock::now() < rule.end)
     {
         computeDirection();
         const double slope = dot(_direction, _currentGradient);

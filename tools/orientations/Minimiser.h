@@ -2,6 +2,7 @@
 
 #include "PointSet.h"
 
+#include <chrono>
 #include <cstddef>
 #include <limits>
 #include <vector>
@@ -21,6 +22,9 @@ struct StoppingRule
 
     /// The energy is this one or lower. Two steps may straddle it: the last step is then cut where the energy is this.
     double energy = -std::numeric_limits<double>::infinity();
+
+    /// The time is over.
+    std::chrono::steady_clock::time_point end = std::chrono::steady_clock::time_point::max();
 };
 
 /// What a minimisation came to.

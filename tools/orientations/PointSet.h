@@ -84,7 +84,7 @@ private:
     std::vector<double> _coordinates;
 };
 
-/// The angles of unit vectors, in the order of the points; phi is in [0, 2 pi).
+/// The angles of unit vectors, in the order of the points; phi is in [0, 2 pi].
 Records toRecords(const PointSet& points);
 
 } // namespace orientations

@@ -14,18 +14,15 @@ namespace
 
 using Clock = std::chrono::steady_clock;
 
-/// A table is replaced when the energy falls by more than rounding and better convergence can give.
-constexpr double g_significantFall = 1e-6;
-
 /// Hops around the table of one size.
 class Visit
 {
 public:
-    Visit(Tables& tables, const SearchState& state, unsigned long seed, const SearchListener& onHop,
+    Visit(Tables& tables, const SearchState& state, std::uint64_t seed, const SearchListener& onHop,
           const SearchListener& onNewTable)
         : _tables(tables), _state(state), _onHop(onHop), _onNewTable(onNewTable)
     {
-        std::seed_seq seeds{seed, static_cast<unsigned long>(state.round), static_cast<unsigned long>(state.nbPoints)};
+        std::seed_seq seeds{seed, seed >> 32, std::uint64_t(state.round), std::uint64_t(state.nbPoints)};
         _generator.seed(seeds);
     }
 
@@ -36,9 +33,12 @@ public:
             bFromTable ? PointSet(_tables[_state.nbPoints]) : drawPoints(_state.nbPoints, _generator);
         if (hasTable())
             _state.energy = static_cast<double>(computeExactEnergy(_tables[_state.nbPoints]));
-        BasinHopping hopping(start, _generator);
+        _onHop(_state);
+        BasinHopping hopping(start, _generator, end);
+        if (hopping.isOver())
+            return;
         keep(hopping);
-        for (_state.hop = 1; _state.hop <= nbHops && Clock::now() < end; ++_state.hop)
+        for (_state.hop = 1; _state.hop <= nbHops && !hopping.isOver(); ++_state.hop)
         {
             if (hopping.hop())
                 keep(hopping);
@@ -80,8 +80,9 @@ void search(Tables& tables, const SearchPlan& plan, const SearchListener& onHop,
 {
     const Clock::time_point end = Clock::now() + std::chrono::duration_cast<Clock::duration>(plan.time);
     SearchState state;
-    for (state.round = 1; state.round <= plan.nbRounds; ++state.round)
+    for (std::size_t i = 0; i < plan.nbRounds; ++i)
     {
+        state.round = plan.firstRound + i;
         for (const std::size_t nbPoints : plan.sizes)
         {
             if (Clock::now() >= end)

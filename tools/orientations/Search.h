@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -15,19 +16,24 @@ namespace orientations
 /// What a search does, and for how long.
 struct SearchPlan
 {
-    /// The sets to search, by their numbers of points; they are visited in turn until the time is over.
+    /// The sets to search, by their numbers of points; they are visited in turn.
     std::vector<std::size_t> sizes;
 
     /// Hops of a visit.
     std::size_t nbHops = 100;
 
+    /// Number of the first round over all sizes, by which a search that was broken off goes on.
+    std::size_t firstRound = 1;
+
     /// Rounds over all sizes.
     std::size_t nbRounds = 1;
 
+    /// The search ends when it is over, whatever is left to do.
     std::chrono::duration<double> time = std::chrono::hours(1);
 
-    /// Seed of the random generator. With the same tables, sizes and hops, a seed gives the same search.
-    unsigned long seed = 1;
+    /// Seed of the random generator. One program does the same search again for the same seed, tables, sizes, hops and
+    /// rounds, unless the time cuts it short.
+    std::uint64_t seed = 1;
 };
 
 /// A place of a search.
@@ -49,10 +55,10 @@ using SearchListener = std::function<void(const SearchState&)>;
 
 /// Looks for tables of lower energy by basin hopping.
 ///
-/// In the first round and every second one after it, a visit starts from the table as it stands, so that a search goes
+/// In rounds of odd numbers, the first among them, a visit starts from the table as it stands, so that a search goes
 /// on from where another ended; in the rounds between, and where there is no table yet, from random points.
 ///
-/// @param onHop called after each hop
+/// @param onHop called when a visit begins and after each hop
 /// @param onNewTable called when a table has been replaced or added
 void search(Tables& tables, const SearchPlan& plan, const SearchListener& onHop, const SearchListener& onNewTable);
 

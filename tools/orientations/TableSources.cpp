@@ -1,11 +1,13 @@
 #include "TableSources.h"
 
+#include "TableCheck.h"
 #include "TableText.h"
 
 #include <cstdio>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <vector>
 
 namespace ovrix
 {
@@ -93,6 +95,10 @@ std::string makeSelectionSource(std::size_t nbTables)
     for (std::size_t nbPoints = 1; nbPoints <= nbTables; ++nbPoints)
         source << "const ovReal64* " << getFunction(nbPoints) << ";\n";
     source << "\n"
+              "static_assert(details::g_nbThomsonTables == "
+           << nbTables
+           << ");\n"
+              "\n"
               "const ovReal64* details::selectThomsonTable(unsigned long nbPoints)\n"
               "{\n"
               "    switch (nbPoints)\n"
@@ -109,16 +115,14 @@ std::string makeSelectionSource(std::size_t nbTables)
     return source.str();
 }
 
-void writeSources(const Tables& tables, const std::string& folder)
+void writeSources(const Tables& tables, std::size_t nbTables, const std::string& folder)
 {
-    for (std::size_t nbPoints = 1; nbPoints <= tables.size(); ++nbPoints)
-    {
-        const auto entry = tables.find(nbPoints);
-        if (entry == tables.end())
-            throw std::runtime_error("there is no table of " + std::to_string(nbPoints) + " directions");
-        writeFile(folder + "/" + getSourceName(nbPoints), makeTableSource(entry->second));
-    }
-    writeFile(folder + "/" + g_selectionName, makeSelectionSource(tables.size()));
+    const std::vector<std::string> faults = checkTables(tables, nbTables);
+    if (!faults.empty())
+        throw std::runtime_error(faults.front());
+    for (const auto& [nbPoints, records] : tables)
+        writeFile(folder + "/" + getSourceName(nbPoints), makeTableSource(records));
+    writeFile(folder + "/" + g_selectionName, makeSelectionSource(nbTables));
 }
 
 } // namespace orientations

@@ -19,10 +19,11 @@ std::string makeTableSource(const Records& records);
 /// C++ source of the function that selects a table by its number of points, for tables of 1 to `nbTables` points.
 std::string makeSelectionSource(std::size_t nbTables);
 
-/// Writes the sources of all tables, and of their selection, into a folder.
+/// Writes the sources of the tables of 1 to `nbTables` points, and of their selection, into a folder.
 ///
-/// @throws std::runtime_error when a number of points is missing, or a file can't be written
-void writeSources(const Tables& tables, const std::string& folder);
+/// @throws std::runtime_error when checkTables() finds a fault, before anything is written; when a file can't be
+/// written
+void writeSources(const Tables& tables, std::size_t nbTables, const std::string& folder);
 
 } // namespace orientations
 } // namespace ovrix

@@ -4,8 +4,12 @@
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace ovrix
 {
@@ -26,6 +30,54 @@ double cut(double value)
 bool isWritable(double value)
 {
     return value >= 0.0 && value < 10.0;
+}
+
+/// Keeps other programs from the files of a folder that are changed under such a lock.
+class FolderLock
+{
+public:
+    explicit FolderLock(const std::filesystem::path& folder)
+        : _file(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        if (_file >= 0)
+            ::flock(_file, LOCK_EX);
+    }
+
+    ~FolderLock()
+    {
+        if (_file >= 0)
+            ::close(_file);
+    }
+
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+private:
+    int _file;
+};
+
+void replaceFile(const Tables& tables, const std::string& path)
+{
+    const std::string unfinished = path + ".new";
+    std::ofstream stream(unfinished);
+    writeTables(tables, stream);
+    stream.close();
+    if (!stream || std::rename(unfinished.c_str(), path.c_str()) != 0)
+    {
+        std::remove(unfinished.c_str());
+        throw std::runtime_error(path + " can't be written");
+    }
+}
+
+/// Reads a number of points; the stream reads "-1" as a huge one.
+bool readNbPoints(std::istream& stream, std::size_t& nbPoints)
+{
+    std::string digits;
+    if (!(stream >> digits))
+        return false;
+    const char* const pEnd = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), pEnd, nbPoints);
+    return read.ec == std::errc() && read.ptr == pEnd;
 }
 
 } // namespace
@@ -71,7 +123,7 @@ Tables readTables(std::istream& stream)
     std::size_t nbPoints = 0;
     while (stream >> key)
     {
-        if (key != "N" || !(stream >> nbPoints))
+        if (key != "N" || !readNbPoints(stream, nbPoints))
             throw std::runtime_error("a set of directions should begin with N and its number of points");
         const auto [entry, bNew] = tables.try_emplace(nbPoints);
         if (!bNew)
@@ -88,6 +140,8 @@ Tables readTables(std::istream& stream)
         if (records.size() < nbPoints)
             throw std::runtime_error("the set of " + std::to_string(nbPoints) + " directions is not complete");
     }
+    if (stream.bad())
+        throw std::runtime_error("can't be read to its end");
     return tables;
 }
 
@@ -116,14 +170,14 @@ void writeTables(const Tables& tables, std::ostream& stream)
     }
 }
 
-void writeTables(const Tables& tables, const std::string& path)
+void changeTables(const std::string& path, const std::function<void(Tables&)>& change)
 {
-    const std::string unfinished = path + ".new";
-    std::ofstream stream(unfinished);
-    writeTables(tables, stream);
-    stream.close();
-    if (!stream || std::rename(unfinished.c_str(), path.c_str()) != 0)
-        throw std::runtime_error(path + " can't be written");
+    const FolderLock lock(std::filesystem::path(path).parent_path());
+    Tables tables;
+    if (std::filesystem::exists(path))
+        tables = readTables(path);
+    change(tables);
+    replaceFile(tables, path);
 }
 
 } // namespace orientations

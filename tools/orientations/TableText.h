@@ -3,6 +3,7 @@
 #include "Moves.h"
 #include "PointSet.h"
 
+#include <functional>
 #include <istream>
 #include <ostream>
 #include <string>
@@ -37,10 +38,12 @@ Tables readTables(const std::string& path);
 
 void writeTables(const Tables& tables, std::ostream& stream);
 
-/// Writes a file, which holds either the old or the new tables at every moment.
+/// Changes the tables of a file, which need not be there yet. The file holds either the old or the new tables at every
+/// moment, and other programs that change it wait meanwhile, so that several searches can share a file.
 ///
-/// @throws std::runtime_error with the file's name
-void writeTables(const Tables& tables, const std::string& path);
+/// @param change called with the tables of the file
+/// @throws std::runtime_error with the file's name when it can't be read or written; it stays as it was then
+void changeTables(const std::string& path, const std::function<void(Tables&)>& change);
 
 } // namespace orientations
 } // namespace ovrix

@@ -14,9 +14,9 @@
 #include <algorithm>
 #include <charconv>
 #include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -41,9 +41,6 @@ constexpr std::size_t g_maxNbPoints = 10000;
 
 constexpr double g_maxSeconds = 1e9;
 
-/// Tables that stand above their minima and stay so.
-constexpr const char* g_keptTables = "4,13,300,400";
-
 /// Reads sizes as "205-399,12" gives them.
 std::vector<std::size_t> readSizes(const std::string& text)
 {
@@ -66,6 +63,15 @@ std::vector<std::size_t> readSizes(const std::string& text)
     return sizes;
 }
 
+/// Sizes as readSizes() takes them.
+std::string toText(const std::vector<std::size_t>& sizes)
+{
+    std::ostringstream text;
+    for (std::size_t i = 0; i < sizes.size(); ++i)
+        text << (i == 0 ? "" : ",") << sizes[i];
+    return text.str();
+}
+
 /// Reads a command's options and its one argument, the file of the tables.
 po::variables_map readOptions(const po::options_description& options, const Arguments& arguments)
 {
@@ -86,6 +92,20 @@ const std::string& getText(const po::variables_map& values, const char* name)
     return values[name].as<std::string>();
 }
 
+/// A number that counts; an unsigned option would take -1 for a huge one.
+std::uint64_t getCount(const po::variables_map& values, const std::string& name)
+{
+    const std::int64_t count = values[name].as<std::int64_t>();
+    if (count < 0)
+        throw std::runtime_error("--" + name + " can't be negative");
+    return static_cast<std::uint64_t>(count);
+}
+
+po::typed_value<std::int64_t>* takeCount()
+{
+    return po::value<std::int64_t>();
+}
+
 const Records& getTable(const Tables& tables, std::size_t nbPoints)
 {
     const auto entry = tables.find(nbPoints);
@@ -98,90 +118,134 @@ po::options_description describeSearch()
 {
     po::options_description options(
         "search TABLES    looks for tables of lower energy, puts them into the file at once, and "
-        "lists size, energy and fall of each");
+        "lists size, energy and fall of each. The file is the state of the search: it goes on from there. Several "
+        "searches can share it");
     options.add_options()("sizes", po::value<std::string>()->default_value("1-400"), "numbers of points");
-    options.add_options()("except", po::value<std::string>()->default_value(g_keptTables),
+    options.add_options()("except", po::value<std::string>()->default_value(toText(getLooseSizes())),
                           "numbers of points to leave out");
-    options.add_options()("hops", po::value<std::size_t>()->default_value(100), "hops around a table");
-    options.add_options()("rounds", po::value<std::size_t>()->default_value(1),
-                          "rounds over all sizes; every second one starts from random points");
+    options.add_options()("hops", takeCount()->default_value(100), "hops around a table");
+    options.add_options()("rounds", takeCount()->default_value(1),
+                          "rounds over all sizes; those of even numbers start from random points");
+    options.add_options()("first-round", takeCount()->default_value(1), "number of the first round");
     options.add_options()("seconds", po::value<double>()->default_value(3600.0), "when to end at the latest");
-    options.add_options()("seed", po::value<unsigned long>()->default_value(1), "seed of the random generator");
+    options.add_options()("seed", takeCount()->default_value(1), "seed of the random generator");
     return options;
+}
+
+SearchPlan readPlan(const po::variables_map& values)
+{
+    SearchPlan plan;
+    const std::vector<std::size_t> excepted = readSizes(getText(values, "except"));
+    for (const std::size_t size : readSizes(getText(values, "sizes")))
+        if (std::find(excepted.begin(), excepted.end(), size) == excepted.end())
+            plan.sizes.push_back(size);
+    if (plan.sizes.empty())
+        throw std::runtime_error("There is nothing to search: --except leaves all sizes out");
+    plan.nbHops = getCount(values, "hops");
+    plan.nbRounds = getCount(values, "rounds");
+    plan.firstRound = getCount(values, "first-round");
+    const double seconds = values["seconds"].as<double>();
+    if (!(seconds >= 0.0 && seconds <= g_maxSeconds))
+        throw std::runtime_error("The search can take from 0 to 1e9 seconds");
+    plan.time = std::chrono::duration<double>(seconds);
+    plan.seed = getCount(values, "seed");
+    return plan;
+}
+
+/// A line on the error stream that is written over, twice a second at most.
+class ProgressLine
+{
+public:
+    void show(const SearchState& state)
+    {
+        const auto now = std::chrono::steady_clock::now();
+        if (now - _shown < std::chrono::milliseconds(500))
+            return;
+        _shown = now;
+        _bOpen = true;
+        std::cerr << std::fixed << std::setprecision(6) << "\rround " << state.round << "  N " << state.nbPoints
+                  << "  hop " << state.hop << "  energy " << state.energy << "   " << std::flush;
+    }
+
+    /// What is written next stands on a line of its own.
+    void end()
+    {
+        if (_bOpen)
+            std::cerr << std::endl;
+        _bOpen = false;
+    }
+
+private:
+    std::chrono::steady_clock::time_point _shown = std::chrono::steady_clock::now();
+    bool _bOpen = false;
+};
+
+/// Puts the new table of that size into the file, unless another search has put a better one there.
+void keepTable(const std::string& path, std::size_t size, const Records& table)
+{
+    const auto keepBetter = [&](Tables& stored)
+    {
+        const auto entry = stored.find(size);
+        if (entry == stored.end() || computeExactEnergy(table) < computeExactEnergy(entry->second))
+            stored[size] = table;
+    };
+    changeTables(path, keepBetter);
 }
 
 void runSearch(const Arguments& arguments)
 {
     const po::variables_map values = readOptions(describeSearch(), arguments);
     const std::string path = getText(values, "tables");
+    const SearchPlan plan = readPlan(values);
     Tables tables;
-    if (std::filesystem::exists(path))
-        tables = readTables(path);
-    SearchPlan plan;
-    const std::vector<std::size_t> excepted = readSizes(getText(values, "except"));
-    for (const std::size_t size : readSizes(getText(values, "sizes")))
-        if (std::find(excepted.begin(), excepted.end(), size) == excepted.end())
-            plan.sizes.push_back(size);
-    plan.nbHops = values["hops"].as<std::size_t>();
-    plan.nbRounds = values["rounds"].as<std::size_t>();
-    const double seconds = values["seconds"].as<double>();
-    if (!(seconds >= 0.0 && seconds <= g_maxSeconds))
-        throw std::runtime_error("The search can take from 0 to 1e9 seconds");
-    plan.time = std::chrono::duration<double>(seconds);
-    plan.seed = values["seed"].as<unsigned long>();
+    changeTables(path,
+                 [&](Tables& stored) { tables = stored; }); // a file that can't be written is told before the work
 
-    std::cout << std::fixed << std::setprecision(9);
-    std::cerr << std::fixed << std::setprecision(6);
-    auto shown = std::chrono::steady_clock::now();
-    const auto showProgress = [&](const SearchState& state)
-    {
-        const auto now = std::chrono::steady_clock::now();
-        if (now - shown < std::chrono::milliseconds(500))
-            return;
-        shown = now;
-        std::cerr << "\rround " << state.round << "  N " << state.nbPoints << "  hop " << state.hop << "  energy "
-                  << state.energy << "   " << std::flush;
-    };
+    ProgressLine progress;
     const auto keep = [&](const SearchState& state)
     {
-        writeTables(tables, path);
-        std::cout << state.nbPoints << ' ' << state.energy << ' ' << state.fall << std::endl;
+        keepTable(path, state.nbPoints, tables.at(state.nbPoints));
+        progress.end();
+        std::cout << std::fixed << std::setprecision(9) << state.nbPoints << ' ' << state.energy << ' ' << state.fall
+                  << std::endl;
     };
-    search(tables, plan, showProgress, keep);
-    std::cerr << '\n';
+    search(
+        tables, plan, [&](const SearchState& state) { progress.show(state); }, keep);
+    progress.end();
 }
 
 po::options_description describeLoosen()
 {
     po::options_description options("loosen TABLES    sets one table out of its minimum, up to an energy");
-    options.add_options()("size", po::value<std::size_t>()->required(), "number of points");
+    options.add_options()("size", takeCount()->required(), "number of points");
     options.add_options()("energy", po::value<double>()->required(), "energy of the table, to nine decimals");
-    options.add_options()("seed", po::value<unsigned long>()->default_value(1), "seed of the random generator");
+    options.add_options()("seed", takeCount()->default_value(1), "seed of the random generator");
     return options;
 }
 
 void runLoosen(const Arguments& arguments)
 {
     const po::variables_map values = readOptions(describeLoosen(), arguments);
-    const std::string path = getText(values, "tables");
-    Tables tables = readTables(path);
-    const std::size_t size = values["size"].as<std::size_t>();
-    Generator generator(values["seed"].as<unsigned long>());
-    tables[size] = makeLooseTable(getTable(tables, size), values["energy"].as<double>(), generator);
-    writeTables(tables, path);
+    const std::size_t size = getCount(values, "size");
+    Generator generator(getCount(values, "seed"));
+    const auto loosen = [&](Tables& tables)
+    { tables[size] = makeLooseTable(getTable(tables, size), values["energy"].as<double>(), generator); };
+    changeTables(getText(values, "tables"), loosen);
 }
 
 po::options_description describeCheck()
 {
-    return po::options_description(
+    po::options_description options(
         "check TABLES     tells energy, smallest distance and longest gradient of each table, "
         "and what is wrong");
+    options.add_options()("energies", po::value<std::string>(), "list of the energies that the tables should have");
+    return options;
 }
 
 void runCheck(const Arguments& arguments)
 {
-    const Tables tables = readTables(getText(readOptions(describeCheck(), arguments), "tables"));
-    std::vector<std::string> faults = checkSizes(tables, g_nbTables);
+    const po::variables_map values = readOptions(describeCheck(), arguments);
+    const Tables tables = readTables(getText(values, "tables"));
     std::cout << "  N            energy    distance    gradient\n";
     for (const auto& [size, records] : tables)
     {
@@ -189,8 +253,13 @@ void runCheck(const Arguments& arguments)
         std::cout << std::setw(3) << size << std::fixed << std::setprecision(9) << std::setw(18) << report.energy
                   << std::setprecision(6) << std::setw(12) << report.smallestDistance << std::scientific
                   << std::setprecision(1) << std::setw(12) << report.gradient << '\n';
-        for (const std::string& fault : report.faults)
-            faults.push_back("table " + std::to_string(size) + ": " + fault);
+    }
+    std::vector<std::string> faults = checkTables(tables, g_nbTables);
+    if (values.count("energies") != 0)
+    {
+        std::ifstream list(getText(values, "energies"));
+        const std::vector<std::string> others = checkEnergies(tables, list);
+        faults.insert(faults.end(), others.begin(), others.end());
     }
     for (const std::string& fault : faults)
         std::cerr << fault << '\n';
@@ -221,7 +290,7 @@ po::options_description describeSources()
 void runSources(const Arguments& arguments)
 {
     const po::variables_map values = readOptions(describeSources(), arguments);
-    writeSources(readTables(getText(values, "tables")), getText(values, "folder"));
+    writeSources(readTables(getText(values, "tables")), g_nbTables, getText(values, "folder"));
 }
 
 po::options_description describeEvenness()
@@ -231,8 +300,15 @@ po::options_description describeEvenness()
         "those of random points");
     options.add_options()("sizes", po::value<std::string>()->default_value("12,32,50,100,200,400"),
                           "numbers of points");
-    options.add_options()("seed", po::value<unsigned long>()->default_value(1), "seed of the random generator");
+    options.add_options()("seed", takeCount()->default_value(1), "seed of the random generator");
     return options;
+}
+
+/// Fewer than two points have no distance.
+void expectPair(std::size_t size)
+{
+    if (size < 2)
+        throw std::runtime_error("Sets should have at least 2 points");
 }
 
 void printEvenness(const SphereDivision& division)
@@ -259,11 +335,13 @@ void runEvenness(const Arguments& arguments)
 {
     const po::variables_map values = readOptions(describeEvenness(), arguments);
     const Tables tables = readTables(getText(values, "tables"));
-    Generator generator(values["seed"].as<unsigned long>());
+    const std::vector<std::size_t> sizes = readSizes(getText(values, "sizes"));
+    std::for_each(sizes.begin(), sizes.end(), expectPair);
+    Generator generator(getCount(values, "seed"));
     std::cout << std::fixed << std::setprecision(1)
               << "| n | table: angle | hole | spiral: angle | hole | random: angle | hole |\n"
                  "|---|---|---|---|---|---|---|\n";
-    for (const std::size_t size : readSizes(getText(values, "sizes")))
+    for (const std::size_t size : sizes)
     {
         std::cout << "| " << size;
         printEvenness(divideSphere(PointSet(getTable(tables, size))));
@@ -278,7 +356,7 @@ po::options_description describePicture()
     po::options_description options("picture TABLES   draws sets of directions beside each other, as an SVG");
     options.add_options()("sets", po::value<std::string>()->default_value("12,32,100,400"),
                           "numbers of points; spiral:400 and random:400 are the spiral and a random set");
-    options.add_options()("seed", po::value<unsigned long>()->default_value(1), "seed of the random generator");
+    options.add_options()("seed", takeCount()->default_value(1), "seed of the random generator");
     options.add_options()("output", po::value<std::string>()->required(), "SVG to write");
     return options;
 }
@@ -288,19 +366,26 @@ Panel makePanel(const std::string& set, const Tables& tables, Generator& generat
     const std::size_t colon = set.find(':');
     const std::string kind = colon == std::string::npos ? "" : set.substr(0, colon);
     const std::string number = colon == std::string::npos ? set : set.substr(colon + 1);
-    const std::size_t size = readSizes(number).at(0);
-    if (kind == "spiral")
-        return {makeFibonacciSpiral(size), number + " on a spiral"};
-    if (kind == "random")
-        return {drawPoints(size, generator), number + " at random"};
-    return {PointSet(getTable(tables, size)), number + " directions"};
+    const std::vector<std::size_t> sizes = readSizes(number);
+    if (sizes.size() == 1)
+    {
+        const std::size_t size = sizes.front();
+        expectPair(size);
+        if (kind == "spiral")
+            return {makeFibonacciSpiral(size), number + " on a spiral"};
+        if (kind == "random")
+            return {drawPoints(size, generator), number + " at random"};
+        if (colon == std::string::npos)
+            return {PointSet(getTable(tables, size)), number + " directions"};
+    }
+    throw std::runtime_error("\"" + set + "\" is no set: give a number of points, spiral:number or random:number");
 }
 
 void runPicture(const Arguments& arguments)
 {
     const po::variables_map values = readOptions(describePicture(), arguments);
     const Tables tables = readTables(getText(values, "tables"));
-    Generator generator(values["seed"].as<unsigned long>());
+    Generator generator(getCount(values, "seed"));
     std::vector<Panel> panels;
     std::istringstream sets(getText(values, "sets"));
     std::string set;
@@ -326,6 +411,11 @@ const Command g_commands[] = {{"search", describeSearch, runSearch},    {"loosen
                               {"sources", describeSources, runSources}, {"evenness", describeEvenness, runEvenness},
                               {"picture", describePicture, runPicture}};
 
+bool isHelp(const std::string& argument)
+{
+    return argument == "--help" || argument == "-h";
+}
+
 void printHelp()
 {
     std::cout << "Usage: orientations COMMAND TABLES [options]\n\nTABLES is a file in the form of tables.txt.\n";
@@ -339,7 +429,10 @@ void runCommand(const std::string& name, const Arguments& arguments)
     const auto pCommand = std::find_if(std::begin(g_commands), std::end(g_commands), isNamed);
     if (pCommand == std::end(g_commands))
         throw std::runtime_error("Unknown command " + name + ", see orientations --help");
-    pCommand->run(arguments);
+    if (std::any_of(arguments.begin(), arguments.end(), isHelp))
+        std::cout << pCommand->describe();
+    else
+        pCommand->run(arguments);
 }
 
 } // namespace
@@ -348,7 +441,7 @@ int main(int argc, char** argv)
 {
     try
     {
-        if (argc < 2 || std::string(argv[1]) == "--help")
+        if (argc < 2 || isHelp(argv[1]))
             printHelp();
         else
             runCommand(argv[1], Arguments(argv + 2, argv + argc));

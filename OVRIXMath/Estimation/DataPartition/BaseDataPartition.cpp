@@ -20,7 +20,7 @@ constexpr ovUInt32 g_nbMaxTrials = 1000;
 
 } // namespace
 
-BaseDataPartition::BaseDataPartition() : _subSetRequestedSize(0), _bInit(false) {}
+BaseDataPartition::BaseDataPartition() : _subSetRequestedSize(0), _bInit(false), _bRestored(false) {}
 
 BaseDataPartition::~BaseDataPartition() = default;
 
@@ -38,6 +38,7 @@ BoolResult BaseDataPartition::init(ovUInt32 subSetRequestedSize, const DataSet& 
 void BaseDataPartition::clear()
 {
     _bInit = false;
+    _bRestored = false;
     _indexesColl.clear();
     clearDerived();
 }
@@ -54,6 +55,9 @@ BoolResult BaseDataPartition::createSubSet(const DataSet& dataSet, DataSet& subS
     DataSet filled;
     filled.swap(subSet);
     OVRIXMATH_RAISE_UNLESS(_bInit, eEstimationMessage, 1);
+    // init() made sure of that, but an archive can ask for sub-sets of any size.
+    if (_bRestored && _subSetRequestedSize > dataSet.size())
+        return failure<eEstimationMessage>(17, dataSet.size(), _subSetRequestedSize);
     for (ovUInt32 trial = 0; trial < g_nbMaxTrials; ++trial)
     {
         std::set<ovUInt32> indexes = randomSubSet(_subSetRequestedSize);
@@ -98,11 +102,17 @@ void BaseDataPartition::finishRead(const BaseIArchive& archive)
         std::all_of(_indexesColl.begin(), _indexesColl.end(),
                     [this](const std::set<ovUInt32>& indexes) { return indexes.size() == _subSetRequestedSize; });
     const bool bConsistent = !_bInit || (_subSetRequestedSize != 0 && bSizesFit);
-    // What stood here before must not be mistaken for what has been read.
-    if (!_bInit || !bConsistent)
-        clear();
     OVRIXSERIALIZATION_RAISE_UNLESS(bConsistent, 30, getTypeName(), "its sub-sets are not of the size requested",
                                     archive.getSectionPath());
+    // What stood here before must not be mistaken for what has been read.
+    if (!_bInit)
+        clear();
+    _bRestored = _bInit;
+}
+
+void BaseDataPartition::cancelRead()
+{
+    clear();
 }
 
 } // namespace math

@@ -76,9 +76,12 @@ enum eDataPartitionType : int
 ///
 ///     ovUInt32 _nbStarts = 0;
 /// };
+///
+/// const DynamicRegistrator<RunPartition> g_classRegistrator; // in one source file; archives create it by its name
 /// ```
 ///
-/// A partition is shared by pointer and never cloned; it serves one estimation at a time.
+/// A partition is shared by pointer and never cloned; it serves one estimation at a time. One that has been read from an
+/// archive is to be given the data for which it was initialised. When reading raises it is not initialised.
 class OVRIXMATH_EXPORT BaseDataPartition : public UncopiedClass<BaseDataPartition, BaseSerializationObject>
 {
 public:
@@ -109,7 +112,9 @@ public:
     /// @param[out] subSet copies of the data drawn, in the order of the data set; empty on failure. Its memory is
     ///                    used again: a call with the sub-set of the call before allocates no data.
     /// @return failure when 1000 draws brought no new sub-set, or when one brought an index that `dataSet` does not
-    ///         have: these are not the data that init() was given, before the partition went through an archive say
+    ///         have: these are not the data that init() was given. A partition that comes from an archive also fails,
+    ///         before it draws, when there are fewer data than a sub-set needs; that these are other data than those of
+    ///         init() it can't find out otherwise.
     /// @throws OVRIXMathException before init(), or when a draw has another size than init() was given
     BoolResult createSubSet(const DataSet& dataSet, DataSet& subSet);
 
@@ -140,10 +145,14 @@ private:
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
     void finishRead(const BaseIArchive& archive);
+    void cancelRead();
 
     std::set<std::set<ovUInt32>> _indexesColl;
     ovUInt32 _subSetRequestedSize;
     ovBool _bInit;
+
+    /// Whether it was an archive that initialised the object, and not init().
+    ovBool _bRestored;
 };
 
 /// How configurations and robust estimators hold a partition.

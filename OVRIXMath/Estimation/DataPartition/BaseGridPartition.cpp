@@ -97,11 +97,13 @@ void BaseGridPartition::describeItems(Items& items, Self& self)
 void BaseGridPartition::finishRead(const BaseIArchive& archive)
 {
     const char* const inconsistency = findInconsistency();
-    if (!inconsistency)
-        return;
+    OVRIXSERIALIZATION_RAISE_UNLESS(!inconsistency, 30, getTypeName(), inconsistency, archive.getSectionPath());
+}
+
+void BaseGridPartition::cancelRead()
+{
     clear();
     _nbBucketsByAxis = std::max<ovUInt32>(_nbBucketsByAxis, 1);
-    OVRIXSERIALIZATION_RAISE_UNLESS(false, 30, getTypeName(), inconsistency, archive.getSectionPath());
 }
 
 const char* BaseGridPartition::findInconsistency() const

@@ -68,6 +68,7 @@ private:
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
     void finishRead(const BaseIArchive& archive);
+    void cancelRead();
 
     /// What keeps sub-sets from being drawn from the cells that have been read; null when nothing does.
     const char* findInconsistency() const;

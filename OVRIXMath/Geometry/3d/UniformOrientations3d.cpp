@@ -20,7 +20,6 @@ namespace math
 namespace
 {
 
-constexpr unsigned long g_nbTables = 400;
 constexpr ovReal64 g_twoPi = 6.283185307179586;
 
 /// Guards the copy of a table.
@@ -40,7 +39,7 @@ const bool g_bMutexCreated = (ThomsonProblemSolutionsMutex::get(), true);
 
 std::vector<PhiTheta> computeUniformlyDistOrientations3d(unsigned long nbOrientations)
 {
-    if (nbOrientations <= g_nbTables)
+    if (nbOrientations <= details::g_nbThomsonTables)
         return solveThomsonProblem(nbOrientations);
 
     std::vector<PhiTheta> orientations(nbOrientations);
@@ -59,7 +58,7 @@ std::vector<PhiTheta> computeUniformlyDistOrientations3d(unsigned long nbOrienta
 std::vector<PhiTheta> solveThomsonProblem(unsigned long nbPoints)
 {
     std::vector<PhiTheta> solution(nbPoints);
-    OVRIXMATH_RAISE_UNLESS(nbPoints <= g_nbTables, eOVRIXMathMessage, 3);
+    OVRIXMATH_RAISE_UNLESS(nbPoints <= details::g_nbThomsonTables, eOVRIXMathMessage, 3);
 
     const boost::lock_guard<boost::mutex> lock(ThomsonProblemSolutionsMutex::get());
     const ovReal64* const table = details::selectThomsonTable(nbPoints);

@@ -27,7 +27,7 @@ struct PhiTheta
     ovReal64 theta = 0.0; ///< polar angle from +z
 };
 
-/// As many directions, spread over the unit sphere.
+/// `nbOrientations` directions, spread over the unit sphere.
 ///
 /// Up to 400 they are those of solveThomsonProblem(), the same at every call. Beyond 400 they are random and
 /// independent, with uniform density on the sphere: for each direction in turn, u1 and then u2 are drawn from [0, 1) by
@@ -35,19 +35,20 @@ struct PhiTheta
 /// lock is taken then: callers that draw from this generator on several threads must order their calls.
 ///
 /// @return exactly `nbOrientations` directions
-/// @throws std::length_error when no vector can hold that many; up to 400, boost::lock_error as solveThomsonProblem()
+/// @throws std::length_error when no vector can hold that many, std::bad_alloc when there is no memory for them; up to
+/// 400, boost::lock_error as solveThomsonProblem()
 OVRIXMATH_EXPORT std::vector<PhiTheta> computeUniformlyDistOrientations3d(unsigned long nbOrientations);
 
 /// A solution of the Thomson problem: unit charges on the unit sphere whose Coulomb energy, the sum over pairs of
 /// 1 / |xi - xj|, is as low as a long search found. It is copied from a table; nothing is computed. The tables of
-/// 4, 13, 300 and 400 points stand a little above the lowest energy known, which is meant.
+/// 4, 13, 300 and 400 points stand a little above the minimum that the search found, which is meant.
 ///
 /// Callers on several threads are served one after the other.
 ///
 /// @param nbPoints from 0 to 400; 0 gives an empty set. Above, raises OVRIXMath message 3, once the memory for the
 /// result is there
 /// @return exactly `nbPoints` directions, whose order means nothing
-/// @throws std::length_error when no vector can hold that many
+/// @throws std::length_error when no vector can hold that many, std::bad_alloc when there is no memory for them
 /// @throws boost::lock_error when the lock fails
 OVRIXMATH_EXPORT std::vector<PhiTheta> solveThomsonProblem(unsigned long nbPoints);
 

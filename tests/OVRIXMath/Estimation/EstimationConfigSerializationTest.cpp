@@ -1,15 +1,21 @@
 #include <OVRIXMath/Estimation/DataPartition/RegularGridPartition.h>
 #include <OVRIXMath/Estimation/EstimationConfig.h>
 #include <OVRIXMath/Estimation/EstimationUtils.h>
+#include <OVRIXSerialization/ArchiveSectionManager.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
+#include <cmath>
 #include <functional>
+#include <limits>
 #include <stdexcept>
 #include <string>
+#include <support/ArbitraryNumbers.h>
+#include <support/ArchiveDamage.h>
 #include <support/ArchiveForms.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
@@ -91,6 +97,27 @@ DataSet makeLine()
     return data;
 }
 
+/// A configuration of a method in a text archive, the value of an item in it replaced.
+std::string replaceItem(eRobustEstimationType type, const std::string& name, const std::string& value)
+{
+    const std::string archive = save<TextForm>(createConfig(type));
+    const std::size_t item = archive.find("name=\"" + name + "\"");
+    if (item == std::string::npos)
+        throw std::runtime_error("The archive does not hold " + name);
+    const std::size_t begin = archive.find('>', item) + 1;
+    return archive.substr(0, begin) + value + archive.substr(archive.find('<', begin));
+}
+
+/// Expects that such an archive is not read, and that the configuration that was to be read is not initialised then.
+void expectRefused(const std::string& reason, const std::string& archive)
+{
+    EstimationConfig config = createConfig(eRET_MSAC);
+    expectRaises<OVRIXSerializationException>("Object of class ovrix::math::EstimationConfig can't be restored, " +
+                                                  reason + ", in section \"/value\"",
+                                              [&] { load<TextForm>(archive, config); });
+    expectMathRaises("Estimation configuration has not been initialized", [&] { config.getDataPartitionPtr(); });
+}
+
 /// Everything that comes of fitting the line: the archive of the results, to the bit.
 std::string fit(const EstimationConfig& config)
 {
@@ -148,6 +175,44 @@ TYPED_TEST(EstimationConfigSerialization, KeepsWhatTheGettersGive)
         EXPECT_EQ(restored.getAllowSimpleEstimation(), type == eRET_RANSAC);
         EXPECT_EQ(restored.getSuccessRatio(), 0.999);
     }
+}
+
+/// A configuration of any method, with any numbers that it takes.
+EstimationConfig anyConfig()
+{
+    const auto anyIn = [](double first, double last)
+    { return first + (last - first) * *rc::gen::inRange(0, 1 << 30) / (1 << 30); };
+    EstimationConfig config;
+    switch (*rc::gen::elementOf(getTypes()))
+    {
+    case eRET_NonRobust:
+        config.initNonRobust();
+        break;
+    case eRET_LMS:
+        config.initLMS(anyIn(0.0, 0.5));
+        break;
+    case eRET_RANSAC:
+        config.initRANSAC(*test::anyReal(), anyIn(0.0, 1.0));
+        break;
+    case eRET_MSAC:
+        config.initMSAC(*test::anyReal(), anyIn(0.0, 1.0));
+        break;
+    case eRET_MLESAC:
+        config.initMLESAC(anyIn(0.1, 1e9), anyIn(0.1, 2.0), anyIn(2.1, 1e6), anyIn(0.0, 1.0));
+        break;
+    }
+    config.setSuccessRatio(anyIn(0.001, 0.999));
+    config.setAllowSimpleEstimation(*rc::gen::arbitrary<bool>());
+    if (*rc::gen::arbitrary<bool>())
+        config.setRegularGridPartition(*rc::gen::inRange(1u, 1000u));
+    return config;
+}
+
+RC_GTEST_PROP(EstimationConfigProperties, ConfigurationsPassToTheBit, ())
+{
+    const EstimationConfig config = anyConfig();
+    RC_ASSERT(save<TextForm>(passThrough<TextForm>(config)) == save<TextForm>(config));
+    RC_ASSERT(save<TextForm>(passThrough<BinaryForm>(config)) == save<TextForm>(config));
 }
 
 TYPED_TEST(EstimationConfigSerialization, APartitionIsRestoredByItsClassAndIsAnotherObject)
@@ -215,11 +280,115 @@ TEST(EstimationConfigSerialization, AnInitialisedConfigurationWithoutAPartitionI
     const std::string item = "name=\"_bInit\" type=\"bool\">";
     ASSERT_NE(archive.find(item + "false"), std::string::npos);
     archive.replace(archive.find(item + "false"), item.size() + 5, item + "true");
-    EstimationConfig config = createConfig(eRET_LMS);
-    expectRaises<OVRIXSerializationException>("Object of class ovrix::math::EstimationConfig can't be restored, it has "
-                                              "no data partition, in section \"/value\"",
-                                              [&] { load<TextForm>(archive, config); });
+    expectRefused("it has no data partition", archive);
+}
+
+TEST(EstimationConfigSerialization, ASuccessRatioThatNoSetterTakesIsRefused)
+{
+    for (const eRobustEstimationType type : getTypes())
+    {
+        for (const char* ratio : {"0", "1", "2", "-0.5", "nan", "inf"})
+            expectRefused("its success ratio is out of range", replaceItem(type, "_successRatio", ratio));
+    }
+}
+
+TEST(EstimationConfigSerialization, AnOutlierRatioThatNoInitTakesIsRefused)
+{
+    const std::string reason = "its expected outlier ratio is out of range";
+    for (const char* ratio : {"1", "-0.1", "nan"})
+    {
+        for (const eRobustEstimationType type : {eRET_LMS, eRET_RANSAC, eRET_MSAC, eRET_MLESAC})
+            expectRefused(reason, replaceItem(type, "_expectedOutlierRatio", ratio));
+    }
+    expectRefused(reason, replaceItem(eRET_LMS, "_expectedOutlierRatio", "0.5"));
+}
+
+TEST(EstimationConfigSerialization, NumbersOfMLESACThatNoInitTakesAreRefused)
+{
+    const std::string reason = "its outlier threshold is not within its outlier range";
+    for (const char* sigma : {"0", "-1", "nan"})
+        expectRefused("its gaussian sigma is not above 0", replaceItem(eRET_MLESAC, "_gaussianSigma", sigma));
+    for (const char* threshold : {"-1", "nan", "20.000000000000004"}) // sigma times the range factor is 20
+        expectRefused(reason, replaceItem(eRET_MLESAC, "_outlierThreshold", threshold));
+    for (const char* factor : {"0", "-1", "nan", "2.9"})
+        expectRefused(reason, replaceItem(eRET_MLESAC, "_outlierRangeFactor", factor));
+}
+
+TYPED_TEST(EstimationConfigSerialization, NumbersAtTheEndsOfTheirRangesAreRestored)
+{
+    // What an init accepts is read again, whatever rounding does to the product of sigma and factor.
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double tiny = std::numeric_limits<double>::denorm_min();
+    const double huge = std::numeric_limits<double>::max();
+    const double third = 1.0 / 3.0;
+    EstimationConfig config;
+    for (const double sigma : {tiny, 0.1, third, 1.0, huge, infinity})
+    {
+        for (const double factor : {tiny, 0.1, third, 3.0, huge})
+        {
+            for (const double range : {std::nextafter(factor, infinity), infinity})
+            {
+                config.initMLESAC(sigma, factor, range, 0.0);
+                EXPECT_EQ(passThrough<TypeParam>(config).getOutlierThreshold(), config.getOutlierThreshold());
+            }
+        }
+    }
+    for (const double threshold : {-infinity, -1.0, infinity, std::nan("")})
+    {
+        config.initRANSAC(threshold, 0.0);
+        EXPECT_EQ(save<TypeParam>(passThrough<TypeParam>(config)), save<TypeParam>(config));
+    }
+    config.initLMS(std::nextafter(0.5, 0.0));
+    config.setSuccessRatio(tiny);
+    EXPECT_EQ(passThrough<TypeParam>(config).getSuccessRatio(), tiny);
+}
+
+TEST(EstimationConfigSerialization, NumbersThatAreNotInUseAreNotLookedAt)
+{
+    EstimationConfig config = createConfig(eRET_MLESAC);
+    std::string archive = replaceItem(eRET_LMS, "_successRatio", "0");
+    archive.replace(archive.find("true<"), 4, "false");
+    load<TextForm>(archive, config);
     expectMathRaises("Estimation configuration has not been initialized", [&] { config.getDataPartitionPtr(); });
+    load<TextForm>(replaceItem(eRET_NonRobust, "_expectedOutlierRatio", "2"), config);
+    EXPECT_EQ(config.getRobustEstimationType(), eRET_NonRobust);
+}
+
+TYPED_TEST(EstimationConfigSerialization, AConfigurationThatIsReadInPartIsNotInitialised)
+{
+    const std::string bytes = test::writeArchive<TypeParam>(
+        [](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager value(archive, "value");
+            {
+                const ArchiveSectionManager version(archive, EstimationConfig::getTypeName());
+                archive << makeOItem("version", 1u);
+            }
+            archive << makeOItem("_bInit", true) << makeOItem("_bAllowSimpleEstimation", true);
+        });
+    EstimationConfig config;
+    EXPECT_THROW(load<TypeParam>(bytes, config), OVRIXSerializationException);
+    expectMathRaises("Estimation configuration has not been initialized", [&] { config.getRobustEstimationType(); });
+}
+
+TEST(EstimationConfigSerialization, DamageLeavesNoConfigurationThatIsInitialisedInPart)
+{
+    const std::string archive = save<BinaryForm>(createConfig(eRET_MLESAC));
+    const auto read = [&](const std::string& bytes)
+    {
+        EstimationConfig config;
+        try
+        {
+            load<BinaryForm>(bytes, config);
+        }
+        catch (const OVRIXSerializationException&)
+        {
+            expectMathRaises("Estimation configuration has not been initialized", [&] { config.getSuccessRatio(); });
+            throw;
+        }
+    };
+    EXPECT_EQ(test::readTruncations(archive, read).nbRaised, archive.size());
+    EXPECT_EQ(test::readBitFlips(archive, read).nbRaised, 8 * archive.size());
 }
 
 TEST(EstimationConfigSerialization, AnObjectThatIsNoPartitionIsRefused)

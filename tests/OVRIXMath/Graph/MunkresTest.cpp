@@ -9,8 +9,10 @@
 #include <limits>
 #include <numeric>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/ExpectFailure.h>
 #include <support/PlainMunkres.h>
+#include <utility>
 
 namespace ovrix
 {
@@ -454,6 +456,34 @@ TEST(Munkres, KeepsTheStepsChoiceOnHugeRanges)
                                const double mantissa = std::uniform_real_distribution<double>(-1.0, 1.0)(generator);
                                return std::ldexp(mantissa, std::uniform_int_distribution<int>(-300, 300)(generator));
                            });
+}
+
+TEST(Munkres, KeepsTheStepsChoiceOnRoundNumbersOfFarApartMagnitudes)
+{
+    for (const auto& magnitudes : {std::make_pair(1000, -200), std::make_pair(996, -830), std::make_pair(133, -1000)})
+    {
+        expectPlainAssignments(1500, 5,
+                               [&](std::mt19937& generator, ovUInt32, ovUInt32)
+                               {
+                                   const int number = static_cast<int>(generator() % 7) - 3;
+                                   const bool bLarge = generator() % 2 == 0;
+                                   return std::ldexp(double(bLarge ? number % 2 : number),
+                                                     bLarge ? magnitudes.first : magnitudes.second);
+                               });
+    }
+}
+
+TEST(Munkres, TakesLittleMemoryForATableOfOneLongRow)
+{
+    constexpr ovUInt32 nbColumns = 200000;
+    Munkres munkres;
+    munkres.init(1, nbColumns);
+    std::fill_n(munkres.getWeights(0), nbColumns, 1.0);
+    munkres.getWeights(0)[777] = 2.0;
+    test::resetLargestAllocation();
+    munkres.solve();
+    EXPECT_EQ(munkres.getAssignments(), std::vector<ovUInt32>{777});
+    EXPECT_LE(test::getLargestAllocation(), nbColumns * sizeof(double) + 4096);
 }
 
 TEST(Munkres, KeepsTheStepsChoiceOnTinyWeights)

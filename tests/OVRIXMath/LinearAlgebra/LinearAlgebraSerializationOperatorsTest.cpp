@@ -146,6 +146,35 @@ TYPED_TEST(LinearAlgebraSerialization, BoundedMatricesPass)
                         makeBounded<bounded_matrix<double, 4, 4>>()));
 }
 
+TYPED_TEST(LinearAlgebraSerialization, ABoundedVectorOfFewerElementsIsNotWritten)
+{
+    expectRaises<OVRIXSerializationException>(
+        "Bounded type holds 2 elements while archives hold all 4 of its type, in section \"/value\"",
+        [] { save<TypeParam>(bounded_vector<double, 4>(2)); });
+}
+
+TYPED_TEST(LinearAlgebraSerialization, ABoundedMatrixOfFewerElementsIsNotWritten)
+{
+    for (const auto& matrix : {bounded_matrix<double, 3, 3>(2, 3), bounded_matrix<double, 3, 3>(3, 2)})
+        EXPECT_THROW(save<TypeParam>(matrix), OVRIXSerializationException);
+    expectRaises<OVRIXSerializationException>(
+        "Bounded type holds 2 x 3 elements while archives hold all 3 x 3 of its type, in section \"/value\"",
+        [] { save<TypeParam>(bounded_matrix<double, 3, 3>(2, 3)); });
+}
+
+TYPED_TEST(LinearAlgebraSerialization, BoundedTypesOfFewerElementsAreFilled)
+{
+    bounded_vector<double, 4> vector(2);
+    load<TypeParam>(save<TypeParam>(makeBounded<bounded_vector<double, 4>>()), vector);
+    EXPECT_EQ(vector.size(), 4u);
+    EXPECT_TRUE(areSame(vector, makeBounded<bounded_vector<double, 4>>()));
+    bounded_matrix<double, 3, 3> matrix(2, 1);
+    load<TypeParam>(save<TypeParam>(makeBounded<bounded_matrix<double, 3, 3>>()), matrix);
+    EXPECT_EQ(matrix.size1(), 3u);
+    EXPECT_EQ(matrix.size2(), 3u);
+    EXPECT_TRUE(areSame(matrix, makeBounded<bounded_matrix<double, 3, 3>>()));
+}
+
 TEST(LinearAlgebraSerialization, BoundedVectorsAreNamedItems)
 {
     EXPECT_EQ(readElementNames(makeBounded<bounded_vector<double, 2>>()), (Names{"x", "y"}));
@@ -289,20 +318,29 @@ TYPED_TEST(LinearAlgebraSerialization, GoldenArchivesOfVectors)
         makeVector({0.0, -0.0, 1.0 / 3.0, std::numeric_limits<double>::infinity(), fromBits(0x7FF8000000000ABC)});
     checkGoldenArchive<TypeParam>("Vector", vector,
                                   [&](const Vector& restored) { return haveSameBits(toStd(restored), toStd(vector)); });
-    const auto bounded = makeBounded<bounded_vector<double, 3>>();
-    checkGoldenArchive<TypeParam>("bounded_vector3", bounded,
-                                  [&](const bounded_vector<double, 3>& restored)
-                                  { return areSame(restored, bounded); });
 }
 
 TYPED_TEST(LinearAlgebraSerialization, GoldenArchivesOfMatrices)
 {
     const Matrix matrix = makeMatrix({{1.0, 2.0, 3.0}, {4.0, 5.0, -0.1}});
     checkGoldenArchive<TypeParam>("Matrix", matrix, [&](const Matrix& restored) { return areSame(restored, matrix); });
-    const auto bounded = makeBounded<bounded_matrix<double, 4, 4>>();
-    checkGoldenArchive<TypeParam>("bounded_matrix4", bounded,
-                                  [&](const bounded_matrix<double, 4, 4>& restored)
-                                  { return areSame(restored, bounded); });
+}
+
+template <class Form, class T>
+void checkGoldenBounded(const std::string& name)
+{
+    const T value = makeBounded<T>();
+    checkGoldenArchive<Form>(name, value, [&](const T& restored) { return areSame(restored, value); });
+}
+
+TYPED_TEST(LinearAlgebraSerialization, GoldenArchivesOfBoundedTypes)
+{
+    checkGoldenBounded<TypeParam, bounded_vector<double, 2>>("bounded_vector2");
+    checkGoldenBounded<TypeParam, bounded_vector<double, 3>>("bounded_vector3");
+    checkGoldenBounded<TypeParam, bounded_vector<double, 4>>("bounded_vector4");
+    checkGoldenBounded<TypeParam, bounded_matrix<double, 2, 2>>("bounded_matrix2");
+    checkGoldenBounded<TypeParam, bounded_matrix<double, 3, 3>>("bounded_matrix3");
+    checkGoldenBounded<TypeParam, bounded_matrix<double, 4, 4>>("bounded_matrix4");
 }
 
 } // namespace test

@@ -8,8 +8,10 @@
 #include <cmath>
 #include <limits>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <support/Builders.h>
+#include <support/HeaderExample.h>
 #include <support/NistProblems.h>
 #include <vector>
 
@@ -28,6 +30,7 @@ using test::NistCostFunctionWithJacobian;
 using test::NistProblem;
 using test::toStd;
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 /// How a solve ends, and the significant digits, at least, in which the parameters, the worst of them, and the sum of
 /// squares then agree with the certified values.
@@ -121,7 +124,10 @@ void expectReached(const Reached& expected, const NonLinearSolver& solver, const
 {
     ASSERT_EQ(result.status, expected.status) << result.msg;
     if (expected.status == eOS_Failed)
+    {
+        EXPECT_EQ(result.msg, "Number of calls to fcn has reached or exceeded max number of iterations");
         return;
+    }
     const double* const b = solver.getEstimParams().data().begin();
     EXPECT_GE(problem.computeParamDigits(b), expected.paramDigits);
     EXPECT_GE(problem.computeSumOfSquaresDigits(b), expected.sumOfSquaresDigits);
@@ -162,6 +168,30 @@ DirectSolution solveDirectly(const NistProblem& problem, const std::vector<doubl
           static_cast<int>(100 * (n + 1)), diag.data(), 1, 100.0, 0, &nfev, &solution.nbIterations, ipvt.data(),
           qtf.data(), wa1.data(), wa2.data(), wa3.data(), wa4.data());
     return solution;
+}
+
+/// Three cells of the guide's table: how it ends, and the digits of the parameters and of the sum of squares.
+std::string makeCells(const Reached& reached)
+{
+    if (reached.status == eOS_Failed)
+        return "failed, 14 | | |";
+    if (reached.paramDigits == 0.0)
+        return "another minimum | | |";
+    std::ostringstream cells;
+    cells << "converged | " << reached.paramDigits << " | " << reached.sumOfSquaresDigits << " |";
+    return cells.str();
+}
+
+/// The rows of the guide's table.
+std::string makeTable()
+{
+    std::string table;
+    for (const Case& theCase : g_cases)
+    {
+        table += std::string("| ") + theCase.problem + " | " + std::to_string(theCase.start) + " | " +
+                 makeCells(theCase.withJacobian) + " " + makeCells(theCase.withDifferences) + "\n";
+    }
+    return table;
 }
 
 class NonLinearSolverOnNistData : public testing::TestWithParam<Case>
@@ -235,6 +265,11 @@ TEST(NonLinearSolverOnAllNistData, ReachesSixDigitsWhereverMinpackDoes)
     }
     EXPECT_THAT(missed, ElementsAre("BoxBOD1", "BoxBOD2", "Chwirut11", "Chwirut12", "Hahn11", "Hahn12", "Kirby22",
                                     "MGH091", "MGH092", "MGH171", "Roszman11", "Roszman12", "Thurber1", "Thurber2"));
+}
+
+TEST(NonLinearSolverOnAllNistData, ReachesWhatTheGuideTells)
+{
+    EXPECT_THAT(test::readCode("docs/guides/least_squares.md"), HasSubstr(makeTable()));
 }
 
 TEST_P(NistData, TheCertifiedParametersGiveTheCertifiedSumOfSquares)

@@ -365,6 +365,13 @@ TEST(BaseHistogramAnalysis, ACoordinateAtTheEndOfTheIntervalBelongsToTheLastClas
     EXPECT_EQ(histogram.findLocalDilatedMaxima(0, eEBP_Include, 0.0, 0), Extrema({{1, 2.0, 8}}));
 }
 
+TEST(BaseHistogramAnalysis, ACoordinateAtTheStartOfTheIntervalBelongsToTheFirstClass)
+{
+    // The bin below and the first class, equally filled, have their mean at 0, where the interval begins.
+    const Histogram<false> histogram = makeHistogram(eHOOBP_Dedicated, {4, 4, 1, 0});
+    EXPECT_EQ(histogram.findLocalDilatedMaxima(0, eEBP_Include, 0.0, 0), Extrema({{1, 0.0, 8}}));
+}
+
 TEST(BaseHistogramAnalysis, ARangeAcrossTheEndOfACircleRaises)
 {
     const Histogram<false> histogram = makeHistogram(eHOOBP_Ignored, {9, 2, 9, 3, 9, 2, 9});

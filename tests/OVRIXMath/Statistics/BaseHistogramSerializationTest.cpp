@@ -142,6 +142,7 @@ void readAndQuery(const std::string& bytes)
     }
     catch (const OVRIXSerializationException&)
     {
+        EXPECT_THROW(histogram.checkInit(), OVRIXMathException);
         query(histogram);
         throw;
     }
@@ -292,13 +293,14 @@ TEST(BaseHistogramSerialization, ANewerVersionIsRefused)
     const std::string version = "name=\"version\" type=\"uint32\">";
     expectRefused("Version 2 of class ovrix::math::BaseHistogram is newer than supported version 1",
                   replaceInArchive("\"ovrix::math::BaseHistogram\"", version + "1", version + "2"));
-    Histogram<false> histogram;
+    Histogram<false> histogram = makeCumulated();
     expectRaises<OVRIXSerializationException>(
         "Version 2 of class ovrix::math::Histogram<false> is newer than supported version 1",
         [&] {
             load<TextForm>(replaceInArchive("\"ovrix::math::Histogram&lt;false", version + "1", version + "2"),
                            histogram);
         });
+    EXPECT_THROW(histogram.checkInit(), OVRIXMathException);
 }
 
 TEST(BaseHistogramSerialization, AnOlderVersionIsRead)
@@ -372,8 +374,9 @@ TEST(BaseHistogramSerialization, ALayoutThatWrappedAroundIsReadAndHasNoBins)
 
 TEST(BaseHistogramSerialization, AHistogramOfOtherDataIsRefused)
 {
-    Histogram<true> histogram;
+    Histogram<true> histogram = makeIntegers();
     EXPECT_THROW(load<TextForm>(save<TextForm>(makeCumulated()), histogram), OVRIXSerializationException);
+    EXPECT_THROW(histogram.checkInit(), OVRIXMathException);
 }
 
 } // namespace math

@@ -1,6 +1,7 @@
 #include <OVRIXMath/Estimation/EstimationUtils.h>
 #include <OVRIXMath/Statistics/Histogram.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -12,6 +13,7 @@
 #include <string>
 #include <support/AllocationCount.h>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <support/Histograms.h>
 #include <support/LogCapture.h>
 #include <utility>
@@ -243,6 +245,22 @@ TEST(BaseHistogram, IsNotInitialisedAtFirst)
     expectNotInit(Histogram<false>());
 }
 
+TEST(BaseHistogram, TheExampleOfTheDocumentationFindsTheMedian)
+{
+    const std::vector<unsigned char> pixels = {9, 3, 200, 4, 5};
+    UInt64Vector population(256);
+    for (const unsigned char grey : pixels)
+        ++population[grey];
+    Histogram<true> histogram;
+    histogram.initFromExisting(0.0, 255.0, 1.0, population, eHOOBP_Ignored);
+    const ovUInt32 median = histogram.getQuantileClassIdx(0.5);
+    EXPECT_EQ(median, 5u);
+
+    const std::string example = test::readExample("OVRIXMath/Statistics/BaseHistogram.h");
+    EXPECT_THAT(test::readCode(__FILE__), testing::HasSubstr(example));
+    EXPECT_THAT(test::readCode("docs/guides/histograms.md"), testing::HasSubstr(example));
+}
+
 TEST(BaseHistogram, QueriesOfIntegersAgreeWithTheirDefinitions)
 {
     expectPlainQueries<true>(71);
@@ -328,6 +346,18 @@ TEST(BaseHistogram, AWidthThatIsNotPositiveRaisesAndClears)
     }
 }
 
+TEST(BaseHistogram, AnIntervalOfMoreClassesThanCanBeCountedRaisesAndClears)
+{
+    // Their number is cut to its low 32 bits, which are all set, and one more class is 0.
+    for (const double first : {-1e300, -std::numeric_limits<double>::infinity()})
+    {
+        Histogram<false> histogram = makeHistogram(eHOOBP_Ignored, {1, 2});
+        expectMathRaises("Histogram number of classes should not be null",
+                         [&] { histogram.updateHistogramParams(first, 0.0, 1.0, eHOOBP_Ignored); });
+        expectNotInit(histogram);
+    }
+}
+
 TEST(BaseHistogram, NoClassesRaiseAndClear)
 {
     Histogram<false> histogram = makeHistogram(eHOOBP_Ignored, {1, 2});
@@ -381,6 +411,25 @@ TEST(BaseHistogram, SettingAHistogramUpAgainTakesNoMemory)
     histogram.initFromExisting(0.0, 100.0, 1.0, population, eHOOBP_Ignored);
     histogram.updateCumulated();
     EXPECT_EQ(test::getNbAllocations(), nbAllocations);
+}
+
+TEST(BaseHistogram, QueriesTakeNoMemoryButForTheirResults)
+{
+    for (const std::size_t size : {100, 10000})
+    {
+        const Histogram<false> histogram = makeHistogram(eHOOBP_Ignored, UInt64Vector(size, 3));
+        Reals shares;
+        const auto query = [&]
+        {
+            histogram.updateCumulated();
+            histogram.getMaxPopulationClassIdx();
+            histogram.getQuantileClassIdx(0.9);
+            histogram.getFrequencies(shares);
+            histogram.getCumulatedFrequencies(shares);
+        };
+        EXPECT_EQ(test::countSteadyAllocations(query), 0u);
+        EXPECT_EQ(test::countSteadyAllocations([&] { histogram.getBinMidValues(); }), 1u);
+    }
 }
 
 TEST(BaseHistogram, ClearEndsTheInitialisation)

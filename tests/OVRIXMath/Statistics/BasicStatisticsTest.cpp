@@ -220,6 +220,13 @@ TYPED_TEST(BasicStatistics, AConstantCollectionHasNoCorrelation)
     EXPECT_EQ(correlation<TypeParam>({5}, {6}), 0.0);
 }
 
+TEST(BasicStatistics, AConstantCollectionWhoseSquaresAreRoundedHasACorrelationThatMeansNothing)
+{
+    EXPECT_TRUE(std::isnan(correlation<double>({0.1, 0.1, 0.1}, {1.0, 2.0, 3.0})));
+    EXPECT_TRUE(std::isnan(correlation<float>({0.1f}, {0.3f})));
+    EXPECT_TRUE(std::isnan(correlation<unsigned char>({16, 16}, {1, 2})));
+}
+
 TYPED_TEST(BasicStatistics, SmallValuesCorrelateWithThemselvesByOne)
 {
     // A few roundings apart from the exact coefficient.

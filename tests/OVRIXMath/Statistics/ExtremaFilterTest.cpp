@@ -5,6 +5,7 @@
 #include <limits>
 #include <numeric>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/NumberTypes.h>
 #include <type_traits>
 #include <vector>
@@ -174,6 +175,26 @@ TEST(FilterExtrema, WhatIsKeptComesBackAscending)
     Indices maxima = {2, 0, 1};
     filterExtrema<unsigned int, int>(eET_Maxima, 2.0, 0, coordsOf<unsigned int>(coords, values), maxima);
     EXPECT_EQ(maxima, Indices({0, 1, 2}));
+}
+
+TEST(FilterExtrema, MemoryIsTakenForTheCandidatesAndForEachCoordinateKept)
+{
+    for (const std::size_t size : {100, 10000})
+    {
+        std::vector<ovReal64> coords(size);
+        std::iota(coords.begin(), coords.end(), 0.0);
+        const std::vector<int> values(size, 5);
+        const ExtremumCoords<unsigned int, int> getCoords = coordsOf<unsigned int>(coords, values);
+        Indices extrema(size);
+        const auto filter = [&](ovReal64 minDistance)
+        {
+            extrema.resize(size);
+            std::iota(extrema.begin(), extrema.end(), 0);
+            filterExtrema<unsigned int, int>(eET_Maxima, minDistance, 0, getCoords, extrema);
+        };
+        EXPECT_EQ(test::countSteadyAllocations([&] { filter(0.0); }), 1u);
+        EXPECT_EQ(test::countSteadyAllocations([&] { filter(0.5); }), 1u + size);
+    }
 }
 
 TEST(FilterExtrema, AnEmptyFunctionRaisesAndLeavesTheExtrema)

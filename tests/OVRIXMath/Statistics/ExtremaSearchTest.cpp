@@ -5,6 +5,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <support/AllocationCount.h>
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
 #include <support/NumberTypes.h>
@@ -210,6 +211,32 @@ std::vector<T> anyPlateaus(std::mt19937& generator, std::size_t maxSize)
     return values;
 }
 
+/// A sequence of plateaus whose mean length is given, of a few heights in the middle of T or of any values.
+template <class T>
+std::vector<T> longPlateaus(std::mt19937& generator, std::size_t size, unsigned int meanLength, bool bAny)
+{
+    std::vector<T> values(size);
+    T height = 2;
+    for (T& value : values)
+    {
+        if (generator() % meanLength == 0)
+            height = bAny ? test::anyValue<T>(generator) : static_cast<T>(20 + generator() % 4);
+        value = height;
+    }
+    return values;
+}
+
+/// Calls `check` with sequences around multiples of 64, the number of elements that a search takes at once.
+template <class T, class Check>
+void forLongSequences(unsigned int seed, const Check& check)
+{
+    std::mt19937 generator(seed);
+    for (const std::size_t size : {62, 63, 64, 65, 66, 127, 128, 129, 130, 192, 200, 321})
+        for (const unsigned int meanLength : {1, 3, 30, 150})
+            for (const bool bAny : {false, true})
+                check(longPlateaus<T>(generator, size, meanLength, bAny));
+}
+
 } // namespace
 
 template <class T>
@@ -238,16 +265,43 @@ TYPED_TEST(ExtremaSearch, StrictExtremaAgreeWithAPlainSearch)
 
 TYPED_TEST(ExtremaSearch, StrictExtremaOfLongSequencesAgreeWithAPlainSearch)
 {
-    std::mt19937 generator(52);
-    for (const std::size_t size : {256, 257, 258, 259, 260, 514, 3000})
-    {
-        std::vector<TypeParam> values(size);
-        for (TypeParam& value : values)
-            value = test::anyValue<TypeParam>(generator);
-        for (const eExtremaType type : g_types)
-            EXPECT_EQ(findStrict<TypeParam>(values, eEBP_Include, type),
-                      plainStrictExtrema(values, eEBP_Include, type));
-    }
+    forLongSequences<TypeParam>(52,
+                                [](const std::vector<TypeParam>& values)
+                                {
+                                    for (const eExtremaBorderPolicy policy : g_policies)
+                                        for (const eExtremaType type : g_types)
+                                            EXPECT_EQ(findStrict<TypeParam>(values, policy, type),
+                                                      plainStrictExtrema(values, policy, type));
+                                });
+}
+
+TYPED_TEST(ExtremaSearch, PlateausOfLongSequencesAgreeWithAPlainSearch)
+{
+    forLongSequences<TypeParam>(49,
+                                [](const std::vector<TypeParam>& values)
+                                {
+                                    for (const eExtremaBorderPolicy policy : g_policies)
+                                        for (const eExtremaType type : g_types)
+                                        {
+                                            const Ranges expected = plainLocalExtrema(values, policy, type);
+                                            EXPECT_EQ(findDilated<TypeParam>(values, policy, type, 0), expected);
+                                            EXPECT_EQ(findPlateaus<TypeParam>(values, policy, type),
+                                                      (plainExpansion<unsigned int>(values, expected)));
+                                        }
+                                });
+}
+
+TYPED_TEST(ExtremaSearch, DilatedExtremaOfLongSequencesAgreeWithAPlainSearch)
+{
+    forLongSequences<TypeParam>(50,
+                                [](const std::vector<TypeParam>& values)
+                                {
+                                    for (const eExtremaBorderPolicy policy : g_policies)
+                                        for (const eExtremaType type : g_types)
+                                            for (const TypeParam dilateFactor : {1, 2, 100})
+                                                EXPECT_EQ(findDilated(values, policy, type, dilateFactor),
+                                                          plainDilatedExtrema(values, policy, type, dilateFactor));
+                                });
 }
 
 TYPED_TEST(ExtremaSearch, PlateausAgreeWithAPlainSearch)
@@ -435,6 +489,44 @@ TYPED_TEST(ExtremaSearch, TheReserveOfThePlateauSearchIsExact)
     findLocalExtrema<TypeParam, unsigned int>({1, 2, 2, 2, 1, 3, 0}, eEBP_Include, eET_Maxima, extrema);
     EXPECT_EQ(extrema.size(), 4u);
     EXPECT_EQ(extrema.capacity(), 4u);
+}
+
+TYPED_TEST(ExtremaSearch, AllocationsDoNotGrowWithTheSequence)
+{
+    for (const std::size_t size : {1000, 100000})
+    {
+        std::mt19937 generator(48);
+        const std::vector<TypeParam> values = longPlateaus<TypeParam>(generator, size, 3, false);
+        std::vector<unsigned int> extrema;
+        ExtremaRangeColl ranges;
+        // Two tables of comparisons and one of extrema, and with a dilate factor the copy of the sequence.
+        for (const eExtremaBorderPolicy policy : g_policies)
+        {
+            EXPECT_EQ(
+                test::countSteadyAllocations([&] { findLocalStrictExtrema(values, policy, eET_Maxima, extrema); }), 3u);
+            EXPECT_EQ(test::countSteadyAllocations([&] { findLocalExtrema(values, policy, eET_Minima, extrema); }), 3u);
+            EXPECT_EQ(test::countSteadyAllocations(
+                          [&] { findLocalDilatedExtrema(values, policy, eET_Maxima, TypeParam(0), ranges); }),
+                      3u);
+            EXPECT_EQ(test::countSteadyAllocations(
+                          [&] { findLocalDilatedExtrema(values, policy, eET_Minima, TypeParam(1), ranges); }),
+                      4u);
+        }
+    }
+}
+
+TYPED_TEST(ExtremaSearch, TheOutputIsAllocatedOnce)
+{
+    std::mt19937 generator(47);
+    const std::vector<TypeParam> values = longPlateaus<TypeParam>(generator, 10000, 3, false);
+    std::size_t nbBefore = test::getNbAllocations();
+    std::vector<unsigned int> extrema;
+    findLocalStrictExtrema(values, eEBP_Include, eET_Maxima, extrema);
+    EXPECT_EQ(test::getNbAllocations() - nbBefore, 4u);
+    nbBefore = test::getNbAllocations();
+    ExtremaRangeColl ranges;
+    findLocalDilatedExtrema(values, eEBP_Include, eET_Maxima, TypeParam(0), ranges);
+    EXPECT_EQ(test::getNbAllocations() - nbBefore, 4u);
 }
 
 template <class T>

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/NumberTypes.h>
 #include <vector>
 
@@ -151,11 +152,22 @@ TYPED_TEST(GaussianSmoothing1D, ASigmaWithoutMeaningGivesZero)
         EXPECT_EQ(gaussianSmoothing1D<TypeParam>(input, sigma), Floats(3, 0.0f)) << sigma;
 }
 
+TYPED_TEST(GaussianSmoothing1D, AllocationsDoNotGrowWithTheSequence)
+{
+    for (const std::size_t size : {1000, 50000})
+    {
+        const std::vector<TypeParam> input(size, 3);
+        // The kernel; the sequence, and as many ones, with a margin; their sums, the first of which are the result.
+        EXPECT_EQ(test::countSteadyAllocations([&] { gaussianSmoothing1D(input, 4.0f); }), 5u);
+    }
+}
+
 TEST(GaussianSmoothing1D, AKernelOfManyMillionTapsTakesMemoryOfTheSequenceOnly)
 {
     // All taps in reach are 1, so that every element becomes the mean.
     const std::vector<float> input = {1, 2, 6};
-    EXPECT_EQ(gaussianSmoothing1D<float>(input, 5e6f), Floats({3, 3, 3}));
+    for (const float sigma : {5e6f, 5e8f, 1e30f, std::numeric_limits<float>::infinity()})
+        EXPECT_EQ(gaussianSmoothing1D<float>(input, sigma), Floats({3, 3, 3})) << sigma;
 }
 
 TEST(GaussianSmoothing1D, ASequenceIsSmoothedInFloat)

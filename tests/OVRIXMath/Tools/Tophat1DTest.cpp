@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/NumberTypes.h>
 #include <vector>
 
@@ -236,6 +237,26 @@ TYPED_TEST(Tophat1D, AThresholdThatIsNotANumberOpensNoRun)
 {
     const std::vector<TypeParam> input = {0, 9, 0};
     EXPECT_EQ(findPeaks(input, eTHET_First, 1.0f, std::numeric_limits<float>::quiet_NaN()), Indices());
+}
+
+TYPED_TEST(Tophat1D, AllocationsDoNotGrowWithTheSequence)
+{
+    for (const std::size_t size : {1000, 50000})
+    {
+        std::mt19937 generator(24);
+        std::vector<TypeParam> input(size);
+        for (TypeParam& value : input)
+            value = static_cast<TypeParam>(generator() % 100);
+        Indices indices;
+        for (const bool bValleys : {false, true})
+        {
+            // The sequence and what the first filter made of it, with copies of their ends, and the profile.
+            EXPECT_EQ(test::countSteadyAllocations(
+                          [&] { tophatThreshold1D(input, bValleys, eTHET_Extremum, 5.0f, 1.0f, 40.0f, indices); }),
+                      3u);
+            EXPECT_GT(indices.size(), 10u);
+        }
+    }
 }
 
 TEST(Tophat1D, ADifferenceThatTheElementTypeCannotHoldWrapsAround)

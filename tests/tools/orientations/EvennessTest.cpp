@@ -87,6 +87,33 @@ TEST(DivideSphere, FindsTheLargestHoleAmongManyPlaces)
     EXPECT_LT(hole, largest + 0.05);
 }
 
+TEST(DivideSphere, KnowsTwoPoints)
+{
+    const SphereDivision division = divideSphere(makePoints({{1, 0, 0}, {0, 1, 0}}));
+    EXPECT_EQ(division.neighbours.size(), 1u);
+    EXPECT_NEAR(division.smallestAngle, std::acos(0.0), 1e-12);
+    EXPECT_NEAR(division.largestHole, std::acos(-1.0 / std::sqrt(2.0)), 1e-12);
+}
+
+TEST(DivideSphere, KnowsTwoPoles)
+{
+    const SphereDivision division = divideSphere(makePoints({{0, 0, 1}, {0, 0, -1}}));
+    EXPECT_NEAR(division.smallestAngle, 2.0 * std::acos(0.0), 1e-12);
+    EXPECT_NEAR(division.largestHole, std::acos(0.0), 1e-12);
+}
+
+TEST(DivideSphere, FindsAHoleThatIsMoreThanHalfOfTheSphere)
+{
+    // A flat triangle about +z: the place that is furthest from all three is -z.
+    const double c = std::sqrt(0.75);
+    const SphereDivision division = divideSphere(makePoints({{1, 0, 2}, {-0.5, c, 2}, {-0.5, -c, 2}}));
+    EXPECT_NEAR(division.largestHole, std::acos(-2.0 / std::sqrt(5.0)), 1e-12);
+
+    // The third is so near to the line between the two that the furthest place is as near to them as to no other.
+    const SphereDivision arc = divideSphere(makePoints({{1, 0, 0}, {0, 1, 0}, {1, 1, 0.01}}));
+    EXPECT_NEAR(arc.largestHole, std::acos(-1.0 / std::sqrt(2.0)), 1e-4);
+}
+
 TEST(FibonacciSpiral, HasABandOfEqualAreaForEachPoint)
 {
     const PointSet points = makeFibonacciSpiral(10);

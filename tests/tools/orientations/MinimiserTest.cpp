@@ -64,5 +64,17 @@ TEST(Minimiser, AllocatesNothingOnceItIsMade)
     EXPECT_EQ(test::getNbAllocations(), nbAllocations);
 }
 
+TEST(Minimiser, TakesNoStepWhenTheTimeIsOver)
+{
+    Generator generator(1);
+    PointSet points = drawPoints(20, generator);
+    const std::vector<double> before = points.coordinates();
+    StoppingRule rule;
+    rule.end = std::chrono::steady_clock::now();
+    EXPECT_EQ(Minimiser(20).minimise(points, rule).nbIterations, 0u);
+    for (std::size_t i = 0; i < before.size(); ++i)
+        EXPECT_NEAR(points.coordinates()[i], before[i], 1e-15);
+}
+
 } // namespace orientations
 } // namespace ovrix

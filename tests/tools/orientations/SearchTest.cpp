@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <map>
 #include <orientations/CoulombEnergy.h>
+#include <orientations/Evenness.h>
 #include <orientations/Search.h>
 #include <orientations/TableText.h>
 #include <sstream>
@@ -55,14 +57,10 @@ TEST(Search, ReachesTheKnownMinimaFromRandomPoints)
 
 TEST(Search, GoesOnFromTheTablesOfAnother)
 {
-    Tables tables;
-    SearchPlan plan = makePlan({60}, 1);
-    search(tables, plan, ignore, ignore);
+    Tables tables{{60, toRecords(makeFibonacciSpiral(60))}};
     const double first = energyOf(tables, 60);
-    plan.seed = 2;
-    plan.nbHops = 60;
     std::vector<double> falls;
-    search(tables, plan, ignore, [&](const SearchState& state) { falls.push_back(state.fall); });
+    search(tables, makePlan({60}, 60), ignore, [&](const SearchState& state) { falls.push_back(state.fall); });
     double fallen = first;
     for (const double fall : falls)
     {
@@ -100,7 +98,7 @@ TEST(Search, StartsFromRandomPointsInEverySecondRound)
 
 TEST(Search, IsTheSameFromTheSameSeed)
 {
-    const auto run = [](unsigned long seed)
+    const auto run = [](std::uint64_t seed)
     {
         Tables tables;
         SearchPlan plan = makePlan({20, 21}, 5);
@@ -110,6 +108,7 @@ TEST(Search, IsTheSameFromTheSameSeed)
     };
     EXPECT_EQ(run(1), run(1));
     EXPECT_NE(run(1), run(2));
+    EXPECT_NE(run(1), run((std::uint64_t(1) << 32) + 1));
 }
 
 TEST(Search, TellsOfEachHopAndEndsWithItsRounds)
@@ -120,7 +119,19 @@ TEST(Search, TellsOfEachHopAndEndsWithItsRounds)
     std::vector<std::size_t> hops;
     search(
         tables, plan, [&](const SearchState& state) { hops.push_back(state.hop); }, ignore);
-    EXPECT_EQ(hops, (std::vector<std::size_t>{1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3}));
+    EXPECT_EQ(hops, (std::vector<std::size_t>{0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3}));
+}
+
+TEST(Search, BeginsWithTheRoundThatIsAskedFor)
+{
+    Tables tables;
+    SearchPlan plan = makePlan({5}, 1);
+    plan.firstRound = 7;
+    plan.nbRounds = 2;
+    std::vector<std::size_t> rounds;
+    search(
+        tables, plan, [&](const SearchState& state) { rounds.push_back(state.round); }, ignore);
+    EXPECT_EQ(rounds, (std::vector<std::size_t>{7, 7, 8, 8}));
 }
 
 TEST(Search, EndsAMillionRoundsInTime)

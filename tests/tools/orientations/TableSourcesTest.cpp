@@ -46,7 +46,12 @@ TEST(TableSources, HaveATableInEachFunction)
 
 TEST(TableSources, SelectATableByItsNumberOfPoints)
 {
-    EXPECT_THAT(makeSelectionSource(2), testing::HasSubstr("    switch (nbPoints)\n"
+    EXPECT_THAT(makeSelectionSource(2), testing::HasSubstr("static_assert(details::g_nbThomsonTables == 2);\n"
+                                                           "\n"
+                                                           "const ovReal64* details::selectThomsonTable(unsigned long "
+                                                           "nbPoints)\n"
+                                                           "{\n"
+                                                           "    switch (nbPoints)\n"
                                                            "    {\n"
                                                            "    case 1:\n"
                                                            "        return solveThomsonProblem_001();\n"
@@ -60,23 +65,25 @@ TEST(TableSources, SelectATableByItsNumberOfPoints)
 TEST(TableSources, NeedAllNumbersOfPoints)
 {
     const std::string folder = OVRIX_TEST_OUTPUT_DIR "/table_sources";
+    std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     try
     {
-        writeSources({{1, {{0.0, 0.0}}}, {3, Records(3)}}, folder);
+        writeSources({{1, {{0.0, 0.0}}}}, 2, folder);
         ADD_FAILURE();
     }
     catch (const std::runtime_error& error)
     {
-        EXPECT_EQ(std::string(error.what()), "there is no table of 2 directions");
+        EXPECT_EQ(std::string(error.what()), "there is no table of 2 points");
     }
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
 }
 
 TEST(TableSources, TellWhichFileCannotBeWritten)
 {
     try
     {
-        writeSources({{1, {{0.0, 0.0}}}}, "no/such/folder");
+        writeSources({{1, {{0.0, 0.0}}}}, 1, "no/such/folder");
         ADD_FAILURE();
     }
     catch (const std::runtime_error& error)
@@ -89,7 +96,7 @@ TEST(TableSources, OfTheLibraryAreMadeFromTheTablesOfTheProject)
 {
     const std::string folder = OVRIX_TEST_OUTPUT_DIR "/library_table_sources";
     std::filesystem::create_directories(folder);
-    writeSources(readTables(OVRIX_SOURCE_DIR "/tools/orientations/tables.txt"), folder);
+    writeSources(readTables(OVRIX_SOURCE_DIR "/tools/orientations/tables.txt"), 400, folder);
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
     {

@@ -8,6 +8,8 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace ovrix
 {
@@ -85,6 +87,7 @@ TEST(TableText, WritesWhatItHasRead)
 TEST(TableText, RefusesWhatIsNoTable)
 {
     expectRefusal("1 2\n", "a set of directions should begin with N and its number of points");
+    expectRefusal("N -1\n", "a set of directions should begin with N and its number of points");
     expectRefusal("N x\n", "a set of directions should begin with N and its number of points");
     expectRefusal("N 2\n0 0\n1", "the set of 2 directions is not complete");
     expectRefusal("N 2\n0 0\nN 1\n0 0\n", "the set of 2 directions is not complete");
@@ -110,7 +113,7 @@ TEST(TableText, TellsWhichFileCannotBeWritten)
 {
     try
     {
-        writeTables(Tables(), std::string("no/such/tables.txt"));
+        changeTables("no/such/tables.txt", [](Tables&) {});
         ADD_FAILURE();
     }
     catch (const std::runtime_error& error)
@@ -122,10 +125,40 @@ TEST(TableText, TellsWhichFileCannotBeWritten)
 TEST(TableText, ReplacesAFileAsAWhole)
 {
     const std::string path = OVRIX_TEST_OUTPUT_DIR "/tables_replaced.txt";
-    writeTables({{1, {{0.0, 0.0}}}}, path);
-    writeTables({{1, {{1.0, 2.0}}}}, path);
+    changeTables(path, [](Tables& tables) { tables = {{1, {{0.0, 0.0}}}}; });
+    changeTables(path, [](Tables& tables) { tables = {{1, {{1.0, 2.0}}}}; });
     EXPECT_EQ(readFile(path), "N 1\n1 2\n");
     EXPECT_FALSE(std::filesystem::exists(path + ".new"));
+}
+
+TEST(TableText, LeavesTheFileAsItIsWhenTheChangeFails)
+{
+    const std::string path = OVRIX_TEST_OUTPUT_DIR "/tables_kept.txt";
+    changeTables(path, [](Tables& tables) { tables = {{1, {{1.0, 2.0}}}}; });
+    EXPECT_THROW(changeTables(path, [](Tables&) { throw std::runtime_error("no"); }), std::runtime_error);
+    EXPECT_EQ(readFile(path), "N 1\n1 2\n");
+}
+
+TEST(TableText, LosesNoChangeOfProgramsThatShareAFile)
+{
+    const std::string path = OVRIX_TEST_OUTPUT_DIR "/tables_shared.txt";
+    std::filesystem::remove(path);
+    std::vector<std::thread> programs;
+    for (std::size_t program = 0; program < 2; ++program)
+    {
+        programs.emplace_back(
+            [=]
+            {
+                for (std::size_t i = 1; i <= 20; ++i)
+                {
+                    const std::size_t size = 2 * i + program;
+                    changeTables(path, [&](Tables& tables) { tables[size] = Records(size); });
+                }
+            });
+    }
+    for (std::thread& program : programs)
+        program.join();
+    EXPECT_EQ(readTables(path).size(), 40u);
 }
 
 TEST(MakeTable, KeepsTheArrangementAndSortsItByTheta)

@@ -407,6 +407,8 @@ const ovReal64* solveThomsonProblem_398();
 const ovReal64* solveThomsonProblem_399();
 const ovReal64* solveThomsonProblem_400();
 
+static_assert(details::g_nbThomsonTables == 400);
+
 const ovReal64* details::selectThomsonTable(unsigned long nbPoints)
 {
     switch (nbPoints)

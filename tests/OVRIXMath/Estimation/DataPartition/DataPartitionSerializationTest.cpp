@@ -1,12 +1,14 @@
 #include <OVRIXMath/Estimation/DataPartition/AdaptiveGridPartition.h>
 #include <OVRIXMath/Estimation/DataPartition/DataPartitionUtils.h>
 #include <OVRIXMath/Estimation/DataPartition/RegularGridPartition.h>
+#include <OVRIXSerialization/ArchiveSectionManager.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
 
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <support/ArchiveForms.h>
@@ -15,6 +17,7 @@
 #include <support/GoldenArchive.h>
 #include <support/GridCells.h>
 #include <support/RandomData.h>
+#include <support/RunPartition.h>
 #include <typeinfo>
 #include <vector>
 
@@ -83,6 +86,30 @@ void checkGoldenPartition(const std::string& name)
     initialise(partition);
     draw(partition, 4);
     checkGoldenArchive<Form>(name, partition, AsItWas<Form>{partition});
+}
+
+/// Writes a partition of runs as item "value", with no sub-set drawn; without its last item unless it is complete.
+void writeRuns(BaseOArchive& archive, ovUInt32 subSetRequestedSize, bool bComplete)
+{
+    const ArchiveSectionManager value(archive, "value");
+    const auto writeVersion = [&](const std::string& className)
+    {
+        const ArchiveSectionManager section(archive, className);
+        archive << makeOItem("version", 1u);
+    };
+    writeVersion(BaseDataPartition::getTypeName());
+    archive << makeOItem("_bInit", true) << makeOItem("_subSetRequestedSize", subSetRequestedSize)
+            << makeOItem("_indexesColl", std::set<std::set<ovUInt32>>());
+    writeVersion(RunPartition::getTypeName());
+    if (bComplete)
+        archive << makeOItem("_nbStarts", 1u);
+}
+
+/// A partition of runs in an archive, with no sub-set drawn.
+template <class Form>
+std::string createRuns(ovUInt32 subSetRequestedSize)
+{
+    return test::writeArchive<Form>([&](BaseOArchive& archive) { writeRuns(archive, subSetRequestedSize, true); });
 }
 
 /// The elements of every sub-set that is drawn, until none is new.
@@ -219,6 +246,39 @@ TYPED_TEST(DataPartitionSerialization, ARestoredPartitionRefusesFewerData)
     EXPECT_FALSE(result);
     EXPECT_EQ(result.getMessage().substr(0, 38), "Data set with size 2 do no contains en");
     EXPECT_TRUE(subSet.empty());
+}
+
+TYPED_TEST(DataPartitionSerialization, ARestoredPartitionDrawsNoSubSetThatIsLargerThanTheData)
+{
+    // The base can't tell how large a sub-set may be; the data can, before millions of indexes are drawn.
+    RunPartition restored;
+    load<TypeParam>(createRuns<TypeParam>(4000000000u), restored);
+    DataSet subSet;
+    expectFailure(
+        "Data set with size 5 do no contains enough data to ensure processing (needs at least 4000000000 data)",
+        restored.createSubSet(getData(), subSet));
+    load<TypeParam>(createRuns<TypeParam>(4), restored);
+    expectSuccess(restored.createSubSet(getData(), subSet));
+    EXPECT_EQ(subSet.size(), 4u);
+}
+
+TYPED_TEST(DataPartitionSerialization, APartitionThatIsInitialisedAgainIsNotARestoredOne)
+{
+    RunPartition partition;
+    load<TypeParam>(createRuns<TypeParam>(4000000000u), partition);
+    expectSuccess(partition.init(2, getData()));
+    DataSet subSet;
+    expectSuccess(partition.createSubSet(getData(), subSet));
+}
+
+TYPED_TEST(DataPartitionSerialization, APartitionThatIsReadInPartIsNotInitialised)
+{
+    RunPartition partition;
+    expectSuccess(partition.init(2, getData()));
+    const std::string bytes =
+        test::writeArchive<TypeParam>([](BaseOArchive& archive) { writeRuns(archive, 2, false); });
+    EXPECT_THROW(load<TypeParam>(bytes, partition), OVRIXSerializationException);
+    expectMathRaises(g_notInitText, [&] { partition.getSubSetRequestedSize(); });
 }
 
 TYPED_TEST(DataPartitionSerialization, APartitionWhoseInitFailedIsRestored)

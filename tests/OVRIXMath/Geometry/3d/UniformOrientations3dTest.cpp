@@ -251,6 +251,14 @@ TEST(ThomsonProblem, LeavesSizesThatNoVectorHoldsToTheVector)
     EXPECT_TRUE(log.getTexts().empty());
 }
 
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) // their allocators end the program instead
+TEST(ThomsonProblem, TellsWhenThereIsNoMemoryForTheResult)
+{
+    EXPECT_THROW(solveThomsonProblem(1ul << 58), std::bad_alloc);
+    EXPECT_THROW(computeUniformlyDistOrientations3d(1ul << 58), std::bad_alloc);
+}
+#endif
+
 TEST(ThomsonProblem, GivesEachOfManyThreadsItsWholeTable)
 {
     const std::vector<unsigned long> sizes{400, 1, 399, 12, 250, 3, 400, 100};

@@ -1,11 +1,14 @@
 #include <OVRIXMath/Geometry/2d/Transform/GeometricTransform2dUtils.h>
+#include <OVRIXSerialization/ContainerSerializationOperators.h>
 #include <OVRIXSerialization/OVRIXSerializationLog.h>
 
 #include <stdexcept>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
+#include <support/GoldenArchive.h>
 #include <support/LogCapture.h>
 #include <support/Transforms.h>
+#include <vector>
 
 namespace ovrix
 {
@@ -28,6 +31,14 @@ TYPED_TEST(GeometricTransform2dType, EveryValuePassesThroughAnArchive)
         const auto type = static_cast<eGeometricTransform2dType>(value);
         EXPECT_EQ(test::passThrough<TypeParam>(type), type);
     }
+}
+
+TYPED_TEST(GeometricTransform2dType, GoldenArchives)
+{
+    std::vector<eGeometricTransform2dType> types;
+    for (int value = 0; value < 8; ++value)
+        types.push_back(static_cast<eGeometricTransform2dType>(value));
+    test::checkGoldenArchive<TypeParam>("eGeometricTransform2dType", types);
 }
 
 TYPED_TEST(GeometricTransform2dType, WritingAValueOutsideOfTheEnumerationIsALogicError)
