@@ -46,7 +46,8 @@ public:
     /// @throws OVRIXSerializationException when none has been recorded
     ovUInt32 getRegisterClassVersion(std::string_view className) const;
 
-    /// The two above in one: the recorded version of a class, or null when none has been recorded.
+    /// The two above in one: the recorded version of a class, or null when none has been recorded. The pointer is valid
+    /// until the next registerClassVersion().
     const ovUInt32* findClassVersion(std::string_view className) const
     {
         const std::size_t number = _classNames.find(className);

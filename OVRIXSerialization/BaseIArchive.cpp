@@ -47,9 +47,8 @@ boost::shared_ptr<BaseSerializationObject> BaseIArchive::createObject()
     readItem("className", _className);
     if (_className.empty())
         return nullptr;
-    const DynamicObjectFactory& factory = DynamicObjectFactory::getInstance();
-    OVRIXSERIALIZATION_RAISE_UNLESS(factory.isRegistred(_className), 7, details::quote(_className), getSectionPath());
-    auto pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(factory.createShared(_className));
+    auto pObject = boost::dynamic_pointer_cast<BaseSerializationObject>(
+        DynamicObjectFactory::getInstance().tryCreateShared(_className));
     OVRIXSERIALIZATION_RAISE_UNLESS(pObject, 7, details::quote(_className), getSectionPath());
     return pObject;
 }

@@ -13,8 +13,8 @@ namespace ovrix
 namespace details
 {
 
-/// Joins the frames of a binary archive to the stream of bytes that was cut into them. No byte is handed out before its
-/// frame's checksum has been found right. Everything raises on an archive that is broken or cut short.
+/// Joins the frames of a binary archive to the stream of bytes that was cut into them. No function returns before the
+/// checksums of the frames that it read have been found right; when one raises, the caller's memory holds anything. Everything raises on an archive that is broken or cut short.
 class BinaryFrameReader
 {
 public:

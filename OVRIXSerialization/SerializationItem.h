@@ -4,6 +4,7 @@
 #include <OVRIXSerialization/BaseOArchive.h>
 #include <OVRIXSerialization/BaseSerializationObject.h>
 #include <OVRIXSerialization/Export.h>
+#include <OVRIXSerialization/SerializableAccess.h>
 #include <OVRIXUtil/ProcessingResult.h>
 
 #include <string>
@@ -133,12 +134,21 @@ std::enable_if_t<details::isObjectType<T>, BaseOArchive&> operator<<(BaseOArchiv
     return archive << SerializationOItem<BaseSerializationObject>(item.getName(), item.getValue());
 }
 
-/// Objects are read through their base.
+/// Objects are read through their base. One that can be not initialised is so when anything raises, also behind its last
+/// item.
 template <class T>
 std::enable_if_t<details::isObjectType<T>, BaseIArchive&> operator>>(BaseIArchive& archive,
                                                                      const SerializationIItem<T>& item)
 {
-    return archive >> SerializationIItem<BaseSerializationObject>(item.getName(), item.getValue());
+    try
+    {
+        return archive >> SerializationIItem<BaseSerializationObject>(item.getName(), item.getValue());
+    }
+    catch (...)
+    {
+        SerializableAccess::cancelRead(item.getValue());
+        throw;
+    }
 }
 
 } // namespace ovrix

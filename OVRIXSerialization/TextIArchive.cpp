@@ -11,6 +11,7 @@
 #include <cstring>
 #include <deque>
 #include <iterator>
+#include <new>
 
 namespace ovrix
 {
@@ -197,6 +198,8 @@ private:
                 _document.load_buffer_inplace(&_text[0], _text.size(), g_parseOptions, pugi::encoding_utf8);
             if (result)
                 return;
+            if (result.status == pugi::status_out_of_memory)
+                throw std::bad_alloc();
             reason = result.description();
             offset = static_cast<std::size_t>(result.offset);
         }
@@ -223,9 +226,13 @@ private:
         OVRIXSERIALIZATION_RAISE_UNLESS(version <= details::g_textVersionNumber, 9, version,
                                         details::g_textVersionNumber);
         const pugi::xml_node behind = skipMeaningless(node.next_sibling());
-        OVRIXSERIALIZATION_RAISE_UNLESS(behind.empty(), 23,
-                                        behind.type() == pugi::node_element ? "an element" : "a text");
+        OVRIXSERIALIZATION_RAISE_UNLESS(behind.empty(), 23, describe(behind.type()));
         _section = node;
+    }
+
+    static const char* describe(pugi::xml_node_type type)
+    {
+        return type == pugi::node_element ? "an element" : type == pugi::node_pcdata ? "a text" : "something else";
     }
 
     static std::ptrdiff_t countAttributes(pugi::xml_node node)

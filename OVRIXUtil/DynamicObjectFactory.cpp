@@ -31,25 +31,30 @@ bool DynamicObjectFactory::isRegistred(const std::string& name) const
 
 BaseDynamicObject* DynamicObjectFactory::createNew(const std::string& name) const
 {
-    return getCreators(name).newCreator();
+    const NewCreator creator = getCreators(name).newCreator;
+    OVRIXUTIL_RAISE_UNLESS(creator != nullptr, eOVRIXUtilErrors, 2, name);
+    return creator();
 }
 
 DynamicObjectPtr DynamicObjectFactory::createShared(const std::string& name) const
 {
-    return getCreators(name).sharedCreator();
+    const SharedCreator creator = getCreators(name).sharedCreator;
+    OVRIXUTIL_RAISE_UNLESS(creator != nullptr, eOVRIXUtilErrors, 2, name);
+    return creator();
 }
 
+DynamicObjectPtr DynamicObjectFactory::tryCreateShared(const std::string& name) const
+{
+    const SharedCreator creator = getCreators(name).sharedCreator;
+    return creator ? creator() : nullptr;
+}
+
+/// None for an unknown class.
 DynamicObjectFactory::Creators DynamicObjectFactory::getCreators(const std::string& name) const
 {
-    Creators creators;
-    {
-        const std::lock_guard<std::mutex> lock(_mutex);
-        const auto found = _creators.find(name);
-        if (found != _creators.end())
-            creators = found->second;
-    }
-    OVRIXUTIL_RAISE_UNLESS(creators.newCreator != nullptr, eOVRIXUtilErrors, 2, name);
-    return creators;
+    const std::lock_guard<std::mutex> lock(_mutex);
+    const auto found = _creators.find(name);
+    return found != _creators.end() ? found->second : Creators();
 }
 
 } // namespace ovrix

@@ -28,7 +28,8 @@ public:
     /// The process-wide factory. It lives until the process ends.
     static DynamicObjectFactory& getInstance();
 
-    /// Records the creators of a class; a class that is registered already gets the new ones.
+    /// Records the creators of a class; a class that is registered already gets the new ones. A creator may be null: the
+    /// class can't be created in that way then.
     void registerClass(const std::string& name, NewCreator newCreator, SharedCreator sharedCreator);
 
     /// Forgets a class; an unknown name is ignored.
@@ -39,11 +40,14 @@ public:
 
     /// A new object of the class; the caller owns it.
     ///
-    /// @throws OVRIXUtilException when no class of that name is registered
+    /// @throws OVRIXUtilException when no class of that name is registered, or it has no creator for that
     BaseDynamicObject* createNew(const std::string& name) const;
 
     /// As createNew(), in shared ownership.
     DynamicObjectPtr createShared(const std::string& name) const;
+
+    /// As createShared(), but gives null instead of raising.
+    DynamicObjectPtr tryCreateShared(const std::string& name) const;
 
 private:
     struct Creators

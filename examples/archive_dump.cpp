@@ -227,7 +227,10 @@ void walk(BaseIArchive& archive, TreePrinter& tree)
         switch (entry.type)
         {
         case eAE_ArchiveEnd:
-            return tree.endItems();
+            tree.endItems();
+            if (depth > 0)
+                archive.closeSection(); // raises: the archive ends within a section
+            return;
         case eAE_Section:
             archive.openSection(entry.name);
             tree.printSection(depth, entry.name);

@@ -30,9 +30,9 @@ namespace clustering
 /// The result depends on nothing but the samples, the configuration and the state of `RandomUniformGenerator::getGen()`,
 /// which is drawn from and never seeded here.
 ///
-/// Precondition of `compute` with two or more clusters: the samples are finite, as are the sums of their squared
-/// distances, and not all are equal. The seeding draws a number below such a sum, and waits for ever for one that is
-/// below 0, infinity or NaN.
+/// Precondition of `compute` with two or more clusters: the samples are finite, and the sum of the squared distances of
+/// all samples to any one of them is finite and above 0, so not all are equal. The seeding draws a number below such a sum
+/// and does not return for others, see generateKMeansPPInit().
 ///
 /// One object must not be used on two threads during `compute`, nor may two objects compute at the same time without
 /// care for the generator, which all share.
@@ -53,8 +53,8 @@ public:
     /// The object is not done after a failure or a raise, even if it was before.
     ///
     /// @param nbClusters in [1, number of samples], else raises Clustering message 11 for 0 and 5 above
-    /// @param data samples of one size; a copy is kept
-    /// @return whether an attempt settled before the last iteration
+    /// @param data samples of one size, not those of this object, which are cleared first; a copy is kept
+    /// @return whether an attempt settled before the last iteration, with a compactness below the largest double
     bool compute(ovUInt32 nbClusters, const VectorColl& data);
 
     /// Whether the last `compute` succeeded.

@@ -61,7 +61,8 @@ OVRIXMATH_EXPORT ovUInt32 computeKernelKMeansAttempt(const KernelType& kernel, c
 /// Precondition for two or more clusters: at each draw the sum of the weights is finite and above 0. So the samples are
 /// finite, and at least `nbClusters` of them differ in feature space. Each further seed takes a number drawn from the
 /// interval [0, sum), which is empty for a sum of 0, as it is once every distinct sample is a seed, and is none for a
-/// negative sum, an infinite one or a NaN: the draw then goes on for ever.
+/// negative sum, an infinite one or a NaN: the draw does not return then; it goes on for ever, or, for an infinite sum,
+/// until the stack is exhausted.
 ///
 /// @param nbClusters at most the number of samples, else raises Clustering message 5; with 0 one sample is drawn all
 /// the same, if there is any

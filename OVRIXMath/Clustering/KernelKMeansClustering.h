@@ -36,8 +36,7 @@ namespace clustering
 ///
 /// Precondition of `compute` with two or more clusters: the samples are finite, at least as many of them as there are
 /// clusters differ in feature space, and their kernel values keep the weights of the seeding finite and their sum above
-/// 0, see generateKernelKMeansPPInit(). The seeding draws a number below that sum, and waits for ever for one that is
-/// below 0, infinity or NaN.
+/// 0, see generateKernelKMeansPPInit(). The seeding draws a number below that sum and does not return for others.
 ///
 /// While it runs, `compute` keeps up to 128 MB of kernel values beside the samples, a number for each sample and
 /// cluster, and for each cluster twice the square of the size of its dictionary.
@@ -69,7 +68,7 @@ public:
     /// @param nbClusters in [1, number of samples], else raises Clustering message 11 for 0 and 5 above
     /// @param data samples of one size, not those of this object, which are cleared first; a copy is kept
     /// @return whether an attempt stopped before the last iteration with a Dunn index that is a number. It is none for
-    /// clusters of one sample each.
+    /// clusters of one sample each, unless two of the samples all but coincide.
     bool compute(ovUInt32 nbClusters, const VectorColl& data);
 
     /// Whether the last `compute` succeeded.

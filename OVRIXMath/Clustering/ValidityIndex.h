@@ -27,8 +27,8 @@ enum eValidityIndexType : int
 ///
 /// - eVIT_Dunn: `sqrt(minInter / maxIntra)`, the least squared distance between two samples of different clusters by
 ///   the largest between two of the same; 0 if `maxIntra` is 0. `minInter` starts from MAX and `maxIntra` from MIN, so
-///   the result is `sqrt(MAX / maxIntra)` for one cluster, and NaN for clusters of one sample each. Centres are not
-///   read. The larger the better.
+///   the result is `sqrt(MAX / maxIntra)` for one cluster, and NaN for clusters of one sample each, or -0 where two of
+///   these all but coincide. Centres are not read. The larger the better.
 /// - eVIT_DaviesBouldin: the mean over the clusters of `R_i = max over j != i of (S_0 + S_i) / |c_i - c_j|`, where `S_k`
 ///   is the mean of `|x_i - c_k|` over cluster k. The scatter added to that of cluster i is that of cluster 0 for every
 ///   j, unlike in the published index. MAX if two centres coincide, 0 for no sample or K <= 1. The smaller the better.
@@ -40,7 +40,7 @@ enum eValidityIndexType : int
 ///   coordinates, A the sum over the non-empty clusters of the norm of the vector of their mean squared differences to
 ///   the centre, B the sum of `1 / |c_i - c_j|` over the ordered pairs of centres, dMax and dMin the largest and the
 ///   least distance between centres. A product where the published index has a weighted sum. MAX if sigma K is 0 or two
-///   centres coincide, 0 for no sample. The smaller the better.
+///   centres coincide, 0 for no sample, -0 for one centre. The smaller the better.
 ///
 /// One pass over the data, but for the Dunn index, which compares all pairs of samples.
 ///

@@ -39,7 +39,7 @@ enum eRobustEstimationType : int
 ///
 /// An `init` that raises leaves the object not initialised. Copies share one data partition object.
 ///
-/// An archive that holds values which no `init` or setter accepts is refused. Whenever reading raises, the object is not
+/// An archive is refused that holds values which its method uses and no `init` or setter accepts. Whenever reading raises, the object is not
 /// initialised then.
 class OVRIXMATH_EXPORT EstimationConfig : public CopyableObject<EstimationConfig, BaseSerializationObject>
 {

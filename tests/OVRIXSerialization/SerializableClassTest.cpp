@@ -469,6 +469,20 @@ TYPED_TEST(SerializableClass, AnObjectThatIsReadInPartIsNotInitialised)
     EXPECT_FALSE(reading._bInit);
 }
 
+TYPED_TEST(SerializableClass, AnObjectWithMoreItemsThanItReadsIsNotInitialised)
+{
+    auto reading = makeReading<Reading>(7.0);
+    const std::string bytes = writeArchive<TypeParam>(
+        [&](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager value(archive, "value");
+            reading.write(archive);
+            archive << makeOItem("extra", 1);
+        });
+    EXPECT_THROW(load<TypeParam>(bytes, reading), OVRIXSerializationException);
+    EXPECT_FALSE(reading._bInit);
+}
+
 TYPED_TEST(SerializableClass, AnObjectOfItemsThatDoNotFitIsNotInitialised)
 {
     auto reading = makeReading<Reading>(7.0);

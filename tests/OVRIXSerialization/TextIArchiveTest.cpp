@@ -320,6 +320,7 @@ TEST(TextIArchive, ContentBehindTheRootRaises)
 {
     expectNotOpened("Archive holds an element behind its end", wrap("") + wrap("").substr(g_head.size()));
     expectNotOpened("Archive holds a text behind its end", wrap("") + "more");
+    expectNotOpened("Archive holds something else behind its end", wrap("") + "<![CDATA[more]]>");
 }
 
 TEST(TextIArchive, EntriesThatAreNoneRaise)

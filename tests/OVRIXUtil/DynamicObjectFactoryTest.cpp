@@ -148,6 +148,25 @@ TEST(DynamicObjectFactory, RaisesForAnUnknownClass)
     test::expectRaises<OVRIXUtilException>(text, [] { getFactory().createShared("test::Unknown"); });
 }
 
+TEST(DynamicObjectFactory, GivesNullInsteadWhereItIsAskedTo)
+{
+    const DynamicRegistrator<Apple> apples;
+    const test::LogCapture capture;
+    EXPECT_EQ(getFactory().tryCreateShared("test::Unknown"), nullptr);
+    EXPECT_TRUE(capture.getLines().empty());
+    EXPECT_EQ(getFactory().tryCreateShared("test::Apple")->getClassName(), "test::Apple");
+}
+
+TEST(DynamicObjectFactory, RaisesWhereAClassHasNoCreator)
+{
+    const std::string text = "Class test::Fruit is not registered in the dynamic object factory";
+    getFactory().registerClass("test::Fruit", &DynamicRegistrator<Apple>::newCreatorFcn, nullptr);
+    test::expectRaises<OVRIXUtilException>(text, [] { getFactory().createShared("test::Fruit"); });
+    getFactory().registerClass("test::Fruit", nullptr, &DynamicRegistrator<Apple>::sharedCreatorFcn);
+    test::expectRaises<OVRIXUtilException>(text, [] { getFactory().createNew("test::Fruit"); });
+    getFactory().unRegisterClass("test::Fruit");
+}
+
 TEST(DynamicObjectFactory, LogsARaiseOnTheLoggerOfItsLibrary)
 {
     const test::LogCapture capture;

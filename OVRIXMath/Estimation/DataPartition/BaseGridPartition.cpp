@@ -20,7 +20,14 @@ namespace ovrix
 namespace math
 {
 
-BaseGridPartition::BaseGridPartition() : _nbBucketsByAxis(5) {}
+namespace
+{
+
+constexpr ovUInt32 g_defaultNbBuckets = 5;
+
+} // namespace
+
+BaseGridPartition::BaseGridPartition() : _nbBucketsByAxis(g_defaultNbBuckets) {}
 
 BaseGridPartition::~BaseGridPartition() = default;
 
@@ -103,7 +110,7 @@ void BaseGridPartition::finishRead(const BaseIArchive& archive)
 void BaseGridPartition::cancelRead()
 {
     clear();
-    _nbBucketsByAxis = std::max<ovUInt32>(_nbBucketsByAxis, 1);
+    _nbBucketsByAxis = g_defaultNbBuckets;
 }
 
 const char* BaseGridPartition::findInconsistency() const

@@ -10,6 +10,7 @@
 #include <support/AllocationCount.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LogCapture.h>
 #include <support/PlainKMeans.h>
 #include <support/Tables.h>
 
@@ -233,9 +234,11 @@ TEST(KMeansClustering, AnAttemptThatSettlesOnTheLastIterationFails)
 
 TEST(KMeansClustering, AFailureIsNotLoggedAndKeepsNoCenters)
 {
+    const test::LogCapture log;
     KMeansClustering clustering;
     clustering.setConfig(makeConfig(1, 1));
     EXPECT_FALSE(clustering.compute(2, g_data));
+    EXPECT_TRUE(log.getLines().empty());
     EXPECT_EQ(clustering.computeAssignment(makeVector({1.0, 1.0})), NumericLimits<ovUInt32>::s_max);
 }
 

@@ -333,7 +333,9 @@ TEST(ValidityIndex, SDCountsEachPairOfCentersTwice)
 
 TEST(ValidityIndex, SDOfOneClusterIsZero)
 {
-    EXPECT_EQ(computeValidityIndex(makeDataSet({{1.0}}), makeDataSet({{0.0}, {2.0}}), {0, 0}, eVIT_SD), 0.0);
+    const double index = computeValidityIndex(makeDataSet({{1.0}}), makeDataSet({{0.0}, {2.0}}), {0, 0}, eVIT_SD);
+    EXPECT_EQ(index, 0.0);
+    EXPECT_TRUE(std::signbit(index)); // no pair, so that the range of the distances is the one they start from
 }
 
 TEST(ValidityIndex, SDOfNoSampleIsZero)
