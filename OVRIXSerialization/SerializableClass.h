@@ -182,13 +182,15 @@ protected:
         SerializableAccess::cancelRead(static_cast<Base&>(*this));
     }
 
-    /// @{
-    /// Hide what the base declares: a class has these of its own.
+    /// Hides what the base declares: a class has one of its own.
     static constexpr details::NotDeclared s_className = {};
+
+    /// Hides what the base declares: a class has one of its own.
     static constexpr details::NotDeclared s_classVersion = {};
+
+    /// Hides what the base declares: a class has one of its own.
     template <class Items, class Self>
     static details::NotDeclared describeItems(Items& items, Self& self);
-    /// @}
 
 private:
     /// Initialised while the class's library is being loaded, and makes the mutexes.
