@@ -35,8 +35,8 @@ struct TypeNames
     }
 };
 
-/// A random value of T. Half of the draws are any bit pattern, with infinities and NaN among the floating ones, half are
-/// small or next to an end of the range.
+/// A random value of T. Half of the draws are any bit pattern, half are small or next to an end of the range; a tenth of
+/// the floating ones are infinities, NaN or -0.
 template <class T>
 T anyValue(std::mt19937& generator)
 {
@@ -55,6 +55,11 @@ T anyValue(std::mt19937& generator)
             return static_cast<T>(bits);
     }
     using Limits = std::numeric_limits<T>;
+    if (Limits::has_infinity && generator() % 5 == 0)
+    {
+        const T special[] = {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(), static_cast<T>(-T(0))};
+        return special[generator() % 4];
+    }
     const T small = static_cast<T>(generator() % 4);
     switch (generator() % 6)
     {

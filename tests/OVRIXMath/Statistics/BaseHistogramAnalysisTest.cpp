@@ -47,8 +47,10 @@ Histogram<false> makeDistinct(std::mt19937& generator)
     const ovUInt32 lower = histogram.getLowerOutOfBoundsBinIdx();
     const bool bDedicated = histogram.getInBoundsBinOffset() == 1;
     const bool bUpper = lower == histogram.getNbClasses();
+    const bool bNearest = !bDedicated && lower == 0;
     const eHistogramOutOfBoundsPolicy policy = bDedicated ? eHOOBP_Dedicated
                                                : bUpper   ? eHOOBP_DedicatedUpper
+                                               : bNearest ? eHOOBP_Nearest
                                                           : eHOOBP_Ignored;
     histogram.initFromExisting(histogram.getFirstHistoValue(), histogram.getLastHistoValue(), histogram.getBinWidth(),
                                population, policy);
