@@ -48,9 +48,9 @@ OVRIXMATH_EXPORT void processEstimation(const EstimationConfig& config, const Es
 /// fit. A refinement that stops at a limit without converging counts as done. When the first fit fails, there is no
 /// refinement.
 ///
-/// @param config an initialised configuration of a robust method
+/// @param config an initialised configuration of a robust method, not that of `results`
 /// @param pEstimator the model
-/// @param costFunctionFactory makes the cost function of the inliers it is given
+/// @param costFunctionFactory makes the cost function of the inliers it is given; not null
 /// @param dataSet the data, each of the model's data size
 /// @param[out] results the outcome; on success its status carries the solver's text
 /// @throws OVRIXMathException as the form without refinement does; when that form leaves the results not initialised;

@@ -1,5 +1,6 @@
 #include <OVRIXMath/LinearAlgebra/CholeskyDecomposition.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
+#include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 
 #include <lapacke.h>
@@ -54,7 +55,7 @@ bool choleskyDecomposition(const Matrix& A, Matrix& U)
     if (n == 0)
         return true;
     double* const u = U.data().begin();
-    std::copy(A.data().begin(), A.data().end(), u);
+    details::copyElements(A, u);
     if (!factorize(n, u))
         return false;
     for (std::size_t i = 1; i < n; ++i)
@@ -71,7 +72,7 @@ bool choleskyInverse(Matrix& A)
     double* const a = A.data().begin();
     if (!factorize(n, a))
         return false;
-    // The outcome is left alone, and that is meant: a factor with a positive diagonal has an inverse.
+    // The outcome is left alone, and that is meant: a finite factor with a positive diagonal has an inverse.
     LAPACKE_dpotri(LAPACK_ROW_MAJOR, 'U', static_cast<lapack_int>(n), a, static_cast<lapack_int>(n));
     mirrorUpperTriangle(n, a);
     return true;
@@ -82,7 +83,7 @@ bool choleskyInverse(const Matrix& A, Matrix& Ainv)
     OVRIXMATH_RAISE_UNLESS(Ainv.size1() == A.size1() && Ainv.size2() == A.size2(), eLinearAlgebraMessage, 5,
                            Ainv.size1(), Ainv.size2(), A.size1(), A.size2());
     OVRIXMATH_RAISE_UNLESS(A.size1() == A.size2(), eLinearAlgebraMessage, 3, A.size1(), A.size2());
-    std::copy(A.data().begin(), A.data().end(), Ainv.data().begin());
+    details::copyElements(A, Ainv.data().begin());
     return choleskyInverse(Ainv);
 }
 

@@ -8,7 +8,7 @@
 ///
 /// The forms on Matrix read the upper triangle of A only. They check sizes first, and whatever is raised by such a
 /// check leaves the outputs unchanged; outputs keep the size that the caller gave them. A failure of LAPACK raises;
-/// NaN in the upper triangle is such a failure.
+/// NaN in the upper triangle is such a failure. An infinity in it gives eigenvalues that are NaN, and the rank n.
 ///
 /// The closed forms never fail, never iterate and allocate nothing. They return what their arithmetic gives: NaN stays
 /// NaN. Their tolerances are absolute, made for matrices whose elements are of the order of 1; `tol` stands for
@@ -82,7 +82,8 @@ OVRIXMATH_EXPORT void eigenDecomposition(T a, T b, T c, T d, T e, T f, T& l0, T&
 /// As above, with the orientation of the eigenvectors as three angles.
 ///
 /// With R the matrix whose rows are v0, v1, v2, the angles are those of R = Rz(psi) Ry(theta) Rx(phi). Where theta
-/// comes to a right angle, to within tol in its sine, psi is 0. Of NaN in the matrix, the eigenvalues and phi become NaN.
+/// comes to a right angle, to within tol in its sine, psi is 0. Of NaN in the matrix, the eigenvalues and phi become NaN,
+/// unless the matrix counts as diagonal.
 ///
 /// @tparam T `float` or `double`
 /// @param a, b, c, d, e, f elements of the matrix

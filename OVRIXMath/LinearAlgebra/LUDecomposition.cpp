@@ -47,7 +47,7 @@ bool luSolve(const Matrix& A, const Vector& b, Vector& x)
     if (factorInfo > 0)
         return false;
 
-    std::copy(b.data().begin(), b.data().end(), x.data().begin());
+    details::copyElements(b, x.data().begin());
     const lapack_int solveInfo =
         LAPACKE_dgetrs(LAPACK_ROW_MAJOR, 'N', n, 1, a.data(), n, ipiv.begin(), x.data().begin(), 1);
     OVRIXMATH_RAISE_UNLESS(solveInfo == 0, eLinearAlgebraMessage, 11);
@@ -78,7 +78,7 @@ bool luInverse(const Matrix& A, Matrix& Ainv)
     OVRIXMATH_RAISE_UNLESS(Ainv.size1() == A.size1() && Ainv.size2() == A.size2(), eLinearAlgebraMessage, 5,
                            Ainv.size1(), Ainv.size2(), A.size1(), A.size2());
     OVRIXMATH_RAISE_UNLESS(A.size1() == A.size2(), eLinearAlgebraMessage, 3, A.size1(), A.size2());
-    std::copy(A.data().begin(), A.data().end(), Ainv.data().begin());
+    details::copyElements(A, Ainv.data().begin());
     return luInverse(Ainv);
 }
 

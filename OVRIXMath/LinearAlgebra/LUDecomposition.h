@@ -9,7 +9,9 @@
 ///
 /// Sizes are checked first; whatever is raised by such a check leaves the outputs unchanged. `false` means that the
 /// matrix is singular to the last bit; the outputs then hold nothing usable. A 0 x 0 matrix succeeds. A failure of
-/// LAPACK of any other kind raises; NaN in an input is such a failure.
+/// LAPACK of any other kind raises; NaN in what is read is such a failure, but a singular A is told first.
+///
+/// The input and the output may be one object, as may b and x.
 
 namespace ovrix
 {

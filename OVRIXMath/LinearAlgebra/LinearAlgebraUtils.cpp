@@ -33,6 +33,10 @@ void toUBlas(const std::vector<double>& v, Matrix& out)
 
 Matrix toUBlas(const std::vector<double>& v, ovUInt32 sizeX, ovUInt32 sizeY)
 {
+    // Looked at before memory is taken for sizes that are wrong.
+    const std::size_t globalSize = std::size_t(sizeX) * sizeY;
+    OVRIXMATH_RAISE_UNLESS(v.size() == globalSize, eLinearAlgebraMessage, 12, v.size(), globalSize, std::size_t(sizeX),
+                           std::size_t(sizeY));
     Matrix out(sizeY, sizeX);
     toUBlas(v, out);
     return out;

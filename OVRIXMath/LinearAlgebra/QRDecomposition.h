@@ -17,7 +17,7 @@ namespace math
 /// Least-squares solution of an over-constrained system: the x with the smallest |A x - b|.
 ///
 /// Faster than svdSolve(), for matrices that are known to have full rank. Only an exact zero on the diagonal of R is
-/// seen as a lack of rank.
+/// seen as a lack of rank. A matrix of nothing but zeros is solved by x = 0, and that counts as full rank.
 ///
 /// @param A m x n, with m >= n
 /// @param b m elements

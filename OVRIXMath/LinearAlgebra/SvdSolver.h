@@ -30,7 +30,7 @@ ovUInt32 svdSolveInPlace(ovUInt32 nbRows, ovUInt32 nbColumns, ovUInt32 nbRhs, do
 
 /// Whether LAPACK is sure to finish a singular value decomposition of `a`.
 ///
-/// Infinities turn into NaN within LAPACK, and its QR sweeps then never settle. With at most two singular values there
+/// Infinities turn into NaN within LAPACK, and its QR sweeps never settle on NaN. With at most two singular values there
 /// are no sweeps.
 bool doesSvdEnd(std::size_t nbRows, std::size_t nbColumns, const double* a);
 

@@ -4,6 +4,7 @@
 
 #include <boost/container/small_vector.hpp>
 
+#include <algorithm>
 #include <cstddef>
 
 namespace ovrix
@@ -43,6 +44,15 @@ inline MatrixBuffer copyOf(const Matrix& A)
 inline VectorBuffer copyOf(const Vector& v)
 {
     return VectorBuffer(v.data().begin(), v.data().end());
+}
+
+/// Copies the elements of a matrix or vector to a place that may be their own.
+template <class Source>
+void copyElements(const Source& source, double* target)
+{
+    const double* const elements = source.data().begin();
+    if (elements != target)
+        std::copy_n(elements, source.data().size(), target);
 }
 
 } // namespace details

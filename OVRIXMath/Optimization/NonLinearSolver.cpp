@@ -111,6 +111,11 @@ OptResult NonLinearSolver::solve(const CostFunctionConstPtr& pCostFunction, cons
     _trialParams.resize(n, false);
     _trialEquations.resize(m, false);
     _jacobian.resize(n, m, false);
+    // An evaluation that leaves elements unwritten finds the same in them at every solve.
+    setToZero(_equations);
+    setToZero(_trialParams);
+    setToZero(_trialEquations);
+    setToZero(_jacobian);
 
     details::IndexBuffer<int> ipvt(n, details::uninitialised);
     details::VectorBuffer diag(n, details::uninitialised);

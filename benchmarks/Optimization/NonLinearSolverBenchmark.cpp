@@ -1,5 +1,6 @@
 // The solver on the certified problems of NIST, from both starts and with the derivatives in closed form, beside other
-// solvers. All get the same formulas and tolerances and run on one thread.
+// solvers. All get the same formulas and run on one thread; tolerances and limits are as near to each other as the
+// solvers' own kinds of them allow, see the peers.
 
 #include "NistComparison.h"
 

@@ -215,6 +215,18 @@ TEST(ArchiveMemory, WhatContainersInEachOtherClaimTakesNoMoreThanTwiceTheInput)
     EXPECT_LE(findLargestAllocation(read), 2 * bytes.size());
 }
 
+TEST(ArchiveMemory, AllContainersOfAnArchiveShareWhatItGrants)
+{
+    const std::string bytes = save<BinaryForm>(std::string(1000, 'x'));
+    std::istringstream stream(bytes);
+    BinaryIArchive archive(stream);
+    EXPECT_EQ(archive.grantElements(100, 8), 100u);
+    const std::size_t rest = archive.grantElements(1000000, 8);
+    EXPECT_GT(rest, 100u);
+    EXPECT_LE(8 * (100 + rest), 2 * bytes.size());
+    EXPECT_EQ(archive.grantElements(1000000, 8), 0u);
+}
+
 TEST(ArchiveMemory, WritingItemsTakesNoMemoryPerItem)
 {
     std::ostringstream stream;

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <support/AllocationCount.h>
 
 namespace ovrix
 {
@@ -22,10 +23,12 @@ struct DamageReport
     std::size_t nbRead = 0;
 };
 
-/// Reads one damaged archive; anything but success and OVRIXSerializationException is a failure of the test.
+/// Reads one damaged archive; anything but success and OVRIXSerializationException is a failure of the test, and so is
+/// memory that the few bytes of the archive do not account for.
 template <class Read>
 void readDamaged(const std::string& bytes, const Read& read, DamageReport& report)
 {
+    resetLargestAllocation();
     try
     {
         read(bytes);
@@ -39,6 +42,8 @@ void readDamaged(const std::string& bytes, const Read& read, DamageReport& repor
     {
         ADD_FAILURE() << "Another exception: " << exception.what();
     }
+    constexpr std::size_t bufferSize = 1 << 20; // of streams, frames and the tree of a text
+    EXPECT_LE(getLargestAllocation(), 16 * bytes.size() + bufferSize);
 }
 
 /// Reads the archive cut short at every place.

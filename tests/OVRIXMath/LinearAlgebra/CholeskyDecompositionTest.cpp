@@ -261,5 +261,40 @@ TEST(CholeskyNonFinite, BothFunctionsRaiseOnNaNInTheUpperTriangle)
     }
 }
 
+TEST(CholeskyInverse, TakesAFactorWithoutMeaningForOneWhereTheMatrixIsInfinite)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    Matrix A(2, 2, infinity);
+    A(0, 0) = 4.0;
+    Matrix U(2, 2);
+    EXPECT_TRUE(choleskyDecomposition(A, U));
+    EXPECT_TRUE(std::isnan(U(1, 1)));
+    EXPECT_TRUE(choleskyInverse(A));
+}
+
+TEST(CholeskyDecomposition, MayOverwriteItsInput)
+{
+    Matrix A(2, 2, 2.0);
+    A(0, 0) = 4.0;
+    A(1, 1) = 5.0;
+    EXPECT_TRUE(choleskyDecomposition(A, A));
+    EXPECT_EQ(A(0, 0), 2.0);
+    EXPECT_EQ(A(0, 1), 1.0);
+    EXPECT_EQ(A(1, 0), 0.0);
+    EXPECT_EQ(A(1, 1), 2.0);
+}
+
+TEST(CholeskyInverse, MayOverwriteItsInput)
+{
+    Matrix A(2, 2, 2.0);
+    A(0, 0) = 4.0;
+    A(1, 1) = 5.0;
+    Matrix expected = A;
+    EXPECT_TRUE(choleskyInverse(expected));
+    EXPECT_TRUE(choleskyInverse(A, A));
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(A.data()[i], expected.data()[i]);
+}
+
 } // namespace math
 } // namespace ovrix

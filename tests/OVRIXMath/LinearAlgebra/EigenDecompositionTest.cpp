@@ -971,5 +971,16 @@ TYPED_TEST(ClosedFormOf, MakesNaNOfTheEigenvaluesAndTheLastAngleWhereAnElementIs
     }
 }
 
+TEST(EigenDecomposition, AnInfinityGivesEigenvaluesThatAreNoNumbersAndAFullRank)
+{
+    Matrix A(3, 3, 1.0);
+    A(0, 1) = std::numeric_limits<double>::infinity();
+    Vector w(3);
+    Matrix V(3, 3);
+    EXPECT_EQ(eigenDecomposition(A, w, V), 3u);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_TRUE(std::isnan(w(i)));
+}
+
 } // namespace math
 } // namespace ovrix

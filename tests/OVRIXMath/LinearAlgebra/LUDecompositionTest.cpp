@@ -368,5 +368,16 @@ TEST(LuNonFinite, EveryFunctionRaisesOnNaN)
     }
 }
 
+TEST(LuInverse, MayOverwriteItsInput)
+{
+    Matrix A(2, 2, 2.0);
+    A(0, 0) = 4.0;
+    Matrix expected = A;
+    EXPECT_TRUE(luInverse(expected));
+    EXPECT_TRUE(luInverse(A, A));
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(A.data()[i], expected.data()[i]);
+}
+
 } // namespace math
 } // namespace ovrix

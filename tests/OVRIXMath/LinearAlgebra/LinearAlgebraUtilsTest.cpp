@@ -80,5 +80,12 @@ TEST(ToUBlas, GivesAnEmptyMatrixForNoValues)
     EXPECT_EQ(out.size2(), 3u);
 }
 
+TEST(ToUBlas, LooksAtHugeSizesBeforeItTakesMemory)
+{
+    expectMathRaises("Input vector size 1 mismatch with output matrix global size 16000000000000000000 "
+                     "(sx=4000000000, sy=4000000000)",
+                     [] { toUBlas({1.0}, 4000000000u, 4000000000u); });
+}
+
 } // namespace math
 } // namespace ovrix

@@ -243,5 +243,13 @@ TEST(QrNonFinite, BothFunctionsRaiseOnNaN)
     }
 }
 
+TEST(QrSolve, SolvesAMatrixOfZerosByZero)
+{
+    Vector x(2, 7.0);
+    EXPECT_TRUE(qrSolve(Matrix(3, 2, 0.0), Vector(3, 1.0), x));
+    EXPECT_EQ(x(0), 0.0);
+    EXPECT_EQ(x(1), 0.0);
+}
+
 } // namespace math
 } // namespace ovrix

@@ -44,7 +44,7 @@ struct Reached
 /// Still under way after a hundred iterations.
 constexpr Reached g_unfinished = {eOS_Failed, 0.0, 0.0};
 
-/// Ended in another minimum.
+/// Ended on a plateau or in another minimum.
 constexpr Reached g_elsewhere = {eOS_Converged, 0.0, 0.0};
 
 constexpr Reached converged(double paramDigits, double sumOfSquaresDigits)
@@ -176,7 +176,7 @@ std::string makeCells(const Reached& reached)
     if (reached.status == eOS_Failed)
         return "failed, 14 | | |";
     if (reached.paramDigits == 0.0)
-        return "another minimum | | |";
+        return "elsewhere | | |";
     std::ostringstream cells;
     cells << "converged | " << reached.paramDigits << " | " << reached.sumOfSquaresDigits << " |";
     return cells.str();
