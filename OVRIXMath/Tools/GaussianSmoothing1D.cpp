@@ -75,25 +75,13 @@ void correlate(const float* pSource, const std::vector<float>& kernel, float* pT
     }
 }
 
-/// The sum of the taps that fall inside the sequence, for each of its n elements.
-std::vector<float> computeWeights(const std::vector<float>& kernel, std::size_t margin, std::size_t n)
-{
-    std::vector<float> padded(n + 2 * margin, 0.0f);
-    std::fill_n(padded.begin() + margin, n, 1.0f);
+/// At least so many elements are smoothed at once, on memory that stays in the cache.
+constexpr std::size_t g_minBlockSize = 4096;
 
-    std::vector<float> weights(n);
-    if (n <= 2 * margin)
-        correlate(padded.data(), kernel, weights.data(), n);
-    else
-    {
-        // One weight for all elements that have the whole kernel inside the sequence.
-        float inner = 0.0f;
-        correlate(padded.data() + margin, kernel, &inner, 1);
-        std::fill(weights.begin(), weights.end(), inner);
-        correlate(padded.data(), kernel, weights.data(), margin);
-        correlate(padded.data() + n - margin, kernel, weights.data() + n - margin, margin);
-    }
-    return weights;
+/// `value / weight`, or 0 for a weight that is next to nothing.
+float divide(float value, float weight)
+{
+    return std::abs(weight) > 1e-6 ? value / weight : 0.0f;
 }
 
 } // namespace
@@ -116,14 +104,36 @@ std::vector<float> gaussianSmoothing1D(const std::vector<T>& input, float sigma)
 
     // Zeros beyond the ends add nothing, to the last bit, so every sum runs over the whole kernel.
     const std::size_t margin = static_cast<std::size_t>(half - first);
-    std::vector<float> padded(n + 2 * margin, 0.0f);
-    std::transform(input.begin(), input.end(), padded.begin() + margin,
-                   [](T value) { return static_cast<float>(value); });
-    correlate(padded.data(), kernel, result.data(), n);
-
-    const std::vector<float> weights = computeWeights(kernel, margin, n);
-    for (std::size_t i = 0; i < n; ++i)
-        result[i] = std::abs(weights[i]) > 1e-6 ? result[i] / weights[i] : 0.0f;
+    const std::size_t blockSize = std::min(n, std::max(g_minBlockSize, 2 * margin));
+    std::vector<float> values(blockSize + 2 * margin);
+    std::vector<float> ones(blockSize + 2 * margin, 1.0f);
+    std::vector<float> weights(blockSize);
+    // Elements that have the whole kernel inside the sequence all have one weight.
+    float innerWeight = 0.0f;
+    correlate(ones.data(), kernel, &innerWeight, 1);
+    for (std::size_t start = 0; start < n; start += blockSize)
+    {
+        const std::size_t count = std::min(blockSize, n - start);
+        // What of the block with its margins lies inside the sequence, and where.
+        const std::size_t before = start < margin ? margin - start : 0;
+        const std::size_t begin = start + before - margin;
+        const std::size_t nbInside = std::min(n, start + count + margin) - begin;
+        std::fill_n(values.begin(), before, 0.0f);
+        std::transform(input.begin() + begin, input.begin() + begin + nbInside, values.begin() + before,
+                       [](T value) { return static_cast<float>(value); });
+        std::fill(values.begin() + before + nbInside, values.end(), 0.0f);
+        float* const results = result.data() + start;
+        correlate(values.data(), kernel, results, count);
+        if (nbInside == count + 2 * margin)
+        {
+            std::transform(results, results + count, results, [=](float value) { return divide(value, innerWeight); });
+            continue;
+        }
+        std::fill(ones.begin(), ones.end(), 0.0f);
+        std::fill_n(ones.begin() + before, nbInside, 1.0f);
+        correlate(ones.data(), kernel, weights.data(), count);
+        std::transform(results, results + count, weights.begin(), results, divide);
+    }
     return result;
 }
 

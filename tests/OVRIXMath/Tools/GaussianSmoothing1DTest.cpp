@@ -111,6 +111,20 @@ TYPED_TEST(GaussianSmoothing1D, AKernelFarWiderThanTheSequenceAgreesWithPlainSum
         expectSameFloats(gaussianSmoothing1D<TypeParam>(input, sigma), smoothPlainly(input, sigma));
 }
 
+TYPED_TEST(GaussianSmoothing1D, LongSequencesAgreeWithPlainSums)
+{
+    // Around multiples of 4096, the number of elements that are smoothed at once; the widest kernel takes more.
+    std::mt19937 generator(33);
+    for (const std::size_t size : {4095, 4096, 4097, 4103, 8192, 8193, 12500})
+    {
+        std::vector<TypeParam> input(size);
+        for (TypeParam& value : input)
+            value = test::anyValue<TypeParam>(generator);
+        for (const float sigma : {0.0f, 0.8f, 3.0f, 12.0f, size == 12500 ? 2500.0f : 40.0f})
+            expectSameFloats(gaussianSmoothing1D<TypeParam>(input, sigma), smoothPlainly(input, sigma));
+    }
+}
+
 TYPED_TEST(GaussianSmoothing1D, AnEmptySequenceStaysEmpty)
 {
     EXPECT_EQ(gaussianSmoothing1D<TypeParam>(std::vector<TypeParam>(), 2.0f), Floats());
@@ -157,7 +171,7 @@ TYPED_TEST(GaussianSmoothing1D, AllocationsDoNotGrowWithTheSequence)
     for (const std::size_t size : {1000, 50000})
     {
         const std::vector<TypeParam> input(size, 3);
-        // The kernel; the sequence, and as many ones, with a margin; their sums, the first of which are the result.
+        // The kernel; elements and as many ones, with a margin; the sums of the ones; the result.
         EXPECT_EQ(test::countSteadyAllocations([&] { gaussianSmoothing1D(input, 4.0f); }), 5u);
     }
 }
