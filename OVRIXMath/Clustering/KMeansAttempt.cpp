@@ -16,7 +16,6 @@ namespace details
 namespace
 {
 
-using math::details::loadPack;
 using math::details::Pack;
 using math::details::runKernel;
 using math::details::storePack;
