@@ -338,7 +338,9 @@ std::ostream& operator<<(std::ostream& stream, const BaseHistogram& histogram)
     const auto writeOutOfBounds = [&](const char* name, ovUInt32 binIdx)
     { stream << name << ";" << name << ";" << population[binIdx] << ";" << std::endl; };
 
-    stream << "ClassMin;ClassMax;Population;" << std::endl;
+    for (const char* const column : {"ClassMin", "ClassMax", "Population"})
+        stream << column << ";";
+    stream << std::endl;
     if (lower != g_noBin && lower != offset && lower != upper)
         writeOutOfBounds("LowerOutOfBoundsData", lower);
     for (ovUInt32 i = 0; i < nbClasses; ++i)

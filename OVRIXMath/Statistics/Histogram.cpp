@@ -11,7 +11,7 @@ Histogram<g_bDataIntegral>::Histogram() = default;
 template <bool g_bDataIntegral>
 Histogram<g_bDataIntegral>::Histogram(const Histogram& other) : Histogram()
 {
-    if (this != &other)
+    if (this != &other) // as in `Histogram<true> x(x)`
         this->copy(other);
 }
 

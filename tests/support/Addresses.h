@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <set>
 
 namespace ovrix
@@ -17,6 +18,16 @@ public:
     void add(Result (*pFunction)(Arguments...))
     {
         _addresses.insert(reinterpret_cast<Function>(pFunction));
+    }
+
+    /// The function must not be virtual: a pointer to it then begins with its address.
+    template <class Result, class Class, class... Arguments>
+    void add(Result (Class::*pFunction)(Arguments...) const)
+    {
+        Function function = nullptr;
+        static_assert(sizeof(function) <= sizeof(pFunction), "a pointer to a member holds an address");
+        std::memcpy(&function, &pFunction, sizeof(function));
+        _addresses.insert(function);
     }
 
     /// Number of different functions.

@@ -3,11 +3,10 @@
 #include <OVRIXMath/Statistics/Histogram.h>
 
 #include <cstddef>
-#include <fstream>
 #include <limits>
 #include <random>
-#include <stdexcept>
 #include <string>
+#include <support/GreyHistogram.h>
 #include <vector>
 
 namespace ovrix
@@ -59,21 +58,8 @@ math::Histogram<bIntegral> randomHistogram(std::mt19937& generator)
 /// Population of each grey value of a picture of tests/data/images.
 inline math::UInt64Vector countGreyValues(const std::string& fileName)
 {
-    std::ifstream file(std::string(OVRIX_TEST_DATA_DIR) + "/images/" + fileName, std::ios::binary);
-    std::string magic;
-    std::size_t width = 0;
-    std::size_t height = 0;
-    std::size_t maxGrey = 0;
-    file >> magic >> width >> height >> maxGrey;
-    file.get();
-    std::vector<char> pixels(width * height);
-    file.read(pixels.data(), static_cast<std::streamsize>(pixels.size()));
-    if (!file || magic != "P5" || maxGrey != 255)
-        throw std::runtime_error("Cannot read the picture " + fileName);
-    math::UInt64Vector population(256, 0);
-    for (const char pixel : pixels)
-        ++population[static_cast<unsigned char>(pixel)];
-    return population;
+    const GreyHistogram counts = readGreyHistogram(fileName);
+    return math::UInt64Vector(counts.begin(), counts.end());
 }
 
 } // namespace test

@@ -1,3 +1,4 @@
+#include <OVRIXMath/Statistics/BaseHistogram.h>
 #include <OVRIXMath/Statistics/BasicStatistics.h>
 #include <OVRIXMath/Statistics/ExtremaUtils.h>
 
@@ -44,6 +45,13 @@ void addExtrema(Addresses& addresses)
     addresses.add(&extractBasicExtremaCoords<T>);
 }
 
+template <class... KernelType>
+void addClusteringsOf(TypeList<KernelType...>, Addresses& addresses)
+{
+    (addresses.add(&BaseHistogram::applyKernelKMeansClustering<KernelType>), ...);
+    (addresses.add(&BaseHistogram::applySpectralClustering<KernelType>), ...);
+}
+
 template <class... T>
 void addStatisticsOf(TypeList<T...>, Addresses& addresses)
 {
@@ -70,6 +78,14 @@ TEST(StatisticsInstances, NineFunctionsOfTenElementTypesAreExported)
     Addresses addresses;
     addExtremaOf(ExtremaTypes(), addresses);
     EXPECT_EQ(addresses.size(), 90u);
+}
+
+TEST(StatisticsInstances, TheEightClusteringsOfHistogramsByKernelsAreExported)
+{
+    using namespace clustering;
+    Addresses addresses;
+    addClusteringsOf(TypeList<LinearKernel, PolynomialKernel, RadialBasisKernel, SigmoidKernel>(), addresses);
+    EXPECT_EQ(addresses.size(), 8u);
 }
 
 } // namespace math
