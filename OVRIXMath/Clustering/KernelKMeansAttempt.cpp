@@ -244,13 +244,13 @@ void KernelKMeansAttempt<KernelType>::makeRoomForRows()
 {
     if (!_samples.isFull())
         return;
-    std::vector<bool> bWanted(_samples.size(), false);
+    _bWanted.assign(_samples.size(), false);
     for (const Cluster& cluster : _clusters)
     {
         for (const ovUInt32 member : cluster.members)
-            bWanted[member] = true;
+            _bWanted[member] = true;
     }
-    _samples.keepOnly(bWanted);
+    _samples.keepOnly(_bWanted);
 }
 
 /// The squared distances of all samples to a mean.

@@ -81,6 +81,7 @@ private:
     std::vector<Cluster> _clusters;
     std::vector<double> _distances; ///< of all samples, cluster after cluster
     std::vector<double> _rowParts;
+    std::vector<bool> _bWanted; ///< by sample: whether its row is to be kept
     bool _bHasCentroids = false;
 };
 

@@ -6,6 +6,7 @@
 #include <OVRIXMath/Clustering/RowSums.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace ovrix
 {
@@ -23,6 +24,7 @@ KernelSamples<KernelType>::KernelSamples(const KernelType& kernel, const VectorC
     const std::size_t dimension = data.empty() ? 0 : data.front().size();
     _columns.resize(data.size() * dimension);
     _selfValues.reserve(data.size());
+    _spareRows.reserve(std::min(data.size(), _nbRowsLeft));
     for (std::size_t i = 0; i < data.size(); ++i)
     {
         const double* const sample = data[i].data().begin();
@@ -54,7 +56,13 @@ const double* KernelSamples<KernelType>::keepRow(std::size_t i)
     if (!_rows[i] && _nbRowsLeft > 0)
     {
         --_nbRowsLeft;
-        _rows[i].reset(new double[size()]);
+        if (_spareRows.empty())
+            _rows[i].reset(new double[size()]);
+        else
+        {
+            _rows[i] = std::move(_spareRows.back());
+            _spareRows.pop_back();
+        }
         computeRow(_data[i], 0, size(), _rows[i].get());
     }
     return findRow(i);
@@ -67,7 +75,7 @@ void KernelSamples<KernelType>::keepOnly(const std::vector<bool>& bWanted)
     {
         if (_rows[i] && !bWanted[i])
         {
-            _rows[i].reset();
+            _spareRows.push_back(std::move(_rows[i]));
             ++_nbRowsLeft;
         }
     }

@@ -76,6 +76,7 @@ private:
     std::vector<double> _columns;
     std::vector<double> _selfValues;
     std::vector<std::unique_ptr<double[]>> _rows;
+    std::vector<std::unique_ptr<double[]>> _spareRows; ///< memory of rows that were forgotten
     std::size_t _nbRowsLeft;
 };
 

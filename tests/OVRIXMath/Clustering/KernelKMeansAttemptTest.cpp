@@ -111,20 +111,24 @@ TYPED_TEST(KernelKMeansAttemptTest, HasCentroidsOnceAnIterationRan)
 TYPED_TEST(KernelKMeansAttemptTest, TheSameAttemptAgainTakesNoMemory)
 {
     const VectorColl data = test::RandomData(7).dataSet(200, 3, -1.0, 1.0);
-    KernelSamples<TypeParam> samples(this->kernel, data, 200 * 200);
-    KernelKMeansAttempt<TypeParam> attempt(samples);
-    const UInt32Vector seeds = {0, 5, 11};
-    UInt32Vector assignments;
-    const auto run = [&]
+    // With room for the rows of all samples, of some and of none.
+    for (const std::size_t nbRows : {200, 20, 0})
     {
-        attempt.start(seeds, 0.001, 30);
-        return attempt.run(20, 0.0, assignments);
-    };
-    const ovUInt32 nbIteration = run();
-    EXPECT_GT(nbIteration, 2u);
-    const std::size_t nbBefore = test::getNbAllocations();
-    run();
-    EXPECT_EQ(test::getNbAllocations(), nbBefore);
+        KernelSamples<TypeParam> samples(this->kernel, data, nbRows * 200);
+        KernelKMeansAttempt<TypeParam> attempt(samples);
+        const UInt32Vector seeds = {0, 5, 11};
+        UInt32Vector assignments;
+        const auto run = [&]
+        {
+            attempt.start(seeds, 0.001, 30);
+            return attempt.run(20, 0.0, assignments);
+        };
+        const ovUInt32 nbIteration = run();
+        EXPECT_GT(nbIteration, 2u);
+        const std::size_t nbBefore = test::getNbAllocations();
+        run();
+        EXPECT_EQ(test::getNbAllocations(), nbBefore) << nbRows;
+    }
 }
 
 } // namespace details
