@@ -280,7 +280,7 @@ void eigenPartialDecomposition(const Matrix& A, Vector& w, Matrix& V)
     if (n == 0)
         return;
     // LAPACK refuses an empty range of indices too, but it prints about it first.
-    OVRIXMATH_RAISE_UNLESS(w.size() > 0, eLinearAlgebraMessage, 11);
+    OVRIXMATH_RAISE_UNLESS(!w.empty(), eLinearAlgebraMessage, 11);
 
     const auto q = static_cast<lapack_int>(w.size());
     details::MatrixBuffer a = details::copyOf(A);

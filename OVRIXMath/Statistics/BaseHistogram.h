@@ -66,6 +66,8 @@ using UInt64Vector = std::vector<unsigned long>;
 class OVRIXMATH_EXPORT BaseHistogram : public CopiedClass<BaseHistogram, BaseSerializationObject>
 {
 public:
+    BaseHistogram(const BaseHistogram&) = delete;
+    BaseHistogram& operator=(const BaseHistogram&) = delete;
     ~BaseHistogram() override;
 
     /// Whether the data are integers, see computeHistogramRange().
@@ -266,8 +268,6 @@ public:
 
 protected:
     BaseHistogram();
-    BaseHistogram(const BaseHistogram&) = delete;
-    BaseHistogram& operator=(const BaseHistogram&) = delete;
 
 private:
     friend OVRIXMATH_EXPORT std::ostream& operator<<(std::ostream& stream, const BaseHistogram& histogram);
