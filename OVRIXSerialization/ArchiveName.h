@@ -28,7 +28,7 @@ T loadBytes(const char* p)
 }
 
 /// Whether both names hold the same bytes. It is asked for each item: most names are so short that a call of std::memcmp
-/// would take longer than their comparison.
+/// would take longer than their comparison, and so would saving the registers around it.
 inline bool areSameNames(std::string_view first, std::string_view second)
 {
     const std::size_t size = first.size();
@@ -39,13 +39,13 @@ inline bool areSameNames(std::string_view first, std::string_view second)
         using Bytes = decltype(bytes);
         return loadBytes<Bytes>(first.data() + offset) == loadBytes<Bytes>(second.data() + offset);
     };
-    if (size > 32)
-        return std::memcmp(first.data(), second.data(), size) == 0;
-    if (size > 16)
-        return areSameAt(std::uint64_t(), 0) && areSameAt(std::uint64_t(), 8) &&
-               areSameAt(std::uint64_t(), size - 16) && areSameAt(std::uint64_t(), size - 8);
     if (size >= 8)
-        return areSameAt(std::uint64_t(), 0) && areSameAt(std::uint64_t(), size - 8);
+    {
+        for (std::size_t offset = 0; offset + 8 < size; offset += 8)
+            if (!areSameAt(std::uint64_t(), offset))
+                return false;
+        return areSameAt(std::uint64_t(), size - 8);
+    }
     if (size >= 4)
         return areSameAt(std::uint32_t(), 0) && areSameAt(std::uint32_t(), size - 4);
     for (std::size_t i = 0; i < size; ++i)

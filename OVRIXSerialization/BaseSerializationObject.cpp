@@ -3,14 +3,7 @@
 namespace ovrix
 {
 
-BaseSerializationObject::~BaseSerializationObject() = default;
-
 BoolResult BaseSerializationObject::write(BaseOArchive&) const
-{
-    return true;
-}
-
-BoolResult BaseSerializationObject::read(BaseIArchive&)
 {
     return true;
 }

@@ -15,13 +15,17 @@ struct SerializableAccess;
 class OVRIXSERIALIZATION_EXPORT BaseSerializationObject : public BaseDynamicObject
 {
 public:
-    ~BaseSerializationObject() override;
+    ~BaseSerializationObject() override = default;
 
     /// Writes the object. The base itself holds nothing to write.
     virtual BoolResult write(BaseOArchive& archive) const;
 
     /// Reads the object in place of what it holds.
-    virtual BoolResult read(BaseIArchive& archive);
+    virtual BoolResult read(BaseIArchive& archive)
+    {
+        static_cast<void>(archive);
+        return true;
+    }
 
 protected:
     friend SerializableAccess;

@@ -59,7 +59,7 @@ constexpr eArchiveEntry findEntry(char tag)
 /// Bytes of the longest number of variable length: 7 bits of a 64-bit value in each.
 constexpr std::size_t g_maxVarintSize = 10;
 
-/// Stores the bytes of an unsigned number in little-endian order.
+/// Stores the bytes of a number in little-endian order.
 template <class T>
 void storeLittleEndian(char* p, T value)
 {
@@ -68,7 +68,7 @@ void storeLittleEndian(char* p, T value)
         reverseElements(p, 1, sizeof(T));
 }
 
-/// The unsigned number whose bytes stand in little-endian order.
+/// The number whose bytes stand in little-endian order.
 template <class T>
 T loadLittleEndian(const char* p)
 {

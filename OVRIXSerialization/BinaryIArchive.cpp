@@ -82,7 +82,7 @@ public:
             const std::size_t high = static_cast<unsigned char>(*p++);
             number = high < 0x80 ? high << 7 | (number & 0x7F) : 0;
         }
-        if (number == 0 || number > _names.size() || !details::areSameNames(_names[number - 1], name))
+        if (number - 1 >= _names.size() || !details::areSameNames(_names[number - 1], name)) // also where it is 0
             return nullptr;
         if (type == eAE_Section)
             _head.name = _names[number - 1];
@@ -240,7 +240,8 @@ BinaryIArchive::~BinaryIArchive() = default;
 
 void BinaryIArchive::readItem(std::string_view name, bool& value)
 {
-    const auto bits = readNumber<unsigned char>(eAE_Bool, name);
+    unsigned char bits = 0;
+    readNumber(eAE_Bool, name, bits);
     OVRIXSERIALIZATION_RAISE_UNLESS(bits <= 1, 3, details::quote(name), std::to_string(bits), getItemTypeName(eAE_Bool),
                                     getSectionPath());
     value = bits != 0;
@@ -248,28 +249,27 @@ void BinaryIArchive::readItem(std::string_view name, bool& value)
 
 void BinaryIArchive::readItem(std::string_view name, int& value)
 {
-    value = static_cast<int>(readNumber<std::uint32_t>(eAE_Int32, name));
+    readNumber(eAE_Int32, name, value);
 }
 
 void BinaryIArchive::readItem(std::string_view name, unsigned int& value)
 {
-    value = readNumber<std::uint32_t>(eAE_UInt32, name);
+    readNumber(eAE_UInt32, name, value);
 }
 
 void BinaryIArchive::readItem(std::string_view name, long& value)
 {
-    value = static_cast<long>(readNumber<std::uint64_t>(eAE_Int64, name));
+    readNumber(eAE_Int64, name, value);
 }
 
 void BinaryIArchive::readItem(std::string_view name, unsigned long& value)
 {
-    value = readNumber<std::uint64_t>(eAE_UInt64, name);
+    readNumber(eAE_UInt64, name, value);
 }
 
 void BinaryIArchive::readItem(std::string_view name, double& value)
 {
-    const auto bits = readNumber<std::uint64_t>(eAE_Double, name);
-    std::memcpy(&value, &bits, sizeof(value));
+    readNumber(eAE_Double, name, value);
 }
 
 void BinaryIArchive::readItem(std::string_view name, std::string& value)
@@ -307,9 +307,7 @@ void BinaryIArchive::readBlockPart(void* pData, std::size_t size)
 
 std::string_view BinaryIArchive::processOpenSection(std::string_view name)
 {
-    if (!_pDecoder->takeExpected(eAE_Section, name, 0))
-        expectSection(name);
-    return _pDecoder->getSectionName();
+    return _pDecoder->takeExpected(eAE_Section, name, 0) ? _pDecoder->getSectionName() : openOtherSection(name);
 }
 
 void BinaryIArchive::processCloseSection()
@@ -321,11 +319,12 @@ void BinaryIArchive::processCloseSection()
     _pDecoder->consume();
 }
 
-void BinaryIArchive::expectSection(std::string_view name)
+std::string_view BinaryIArchive::openOtherSection(std::string_view name)
 {
     OVRIXSERIALIZATION_RAISE_UNLESS(_pDecoder->peek().is(eAE_Section, name), 0, details::quote(name),
                                     describe(peekEntry()), getSectionPath());
     _pDecoder->consume();
+    return _pDecoder->getSectionName();
 }
 
 void BinaryIArchive::expectItem(eArchiveEntry type, std::string_view name)
@@ -342,17 +341,19 @@ void BinaryIArchive::expectItem(eArchiveEntry type, std::string_view name)
 }
 
 template <class T>
-T BinaryIArchive::readNumber(eArchiveEntry type, std::string_view name)
+void BinaryIArchive::readNumber(eArchiveEntry type, std::string_view name, T& value)
 {
-    const char* const p = _pDecoder->takeExpected(type, name, sizeof(T));
-    return p ? details::loadLittleEndian<T>(p) : readOtherNumber<T>(type, name);
+    if (const char* const p = _pDecoder->takeExpected(type, name, sizeof(T)))
+        value = details::loadLittleEndian<T>(p);
+    else
+        readOtherNumber(type, name, value);
 }
 
 template <class T>
-T BinaryIArchive::readOtherNumber(eArchiveEntry type, std::string_view name)
+void BinaryIArchive::readOtherNumber(eArchiveEntry type, std::string_view name, T& value)
 {
     expectItem(type, name);
-    return _pDecoder->readNumber<T>();
+    value = _pDecoder->readNumber<T>();
 }
 
 } // namespace ovrix

@@ -55,18 +55,18 @@ private:
     std::string_view processOpenSection(std::string_view name) override;
     void processCloseSection() override;
 
-    /// @{
-    /// Consumes tag and name of a section or an item, which must be those given.
-    void expectSection(std::string_view name);
+    /// Consumes tag and name of an item, which must be those given.
     void expectItem(eArchiveEntry type, std::string_view name);
+
+    template <class T>
+    void readNumber(eArchiveEntry type, std::string_view name, T& value);
+
+    /// @{
+    /// Reads what there is no short way for. They stand apart, and are called last, to keep the short way short.
+    template <class T>
+    [[gnu::noinline]] void readOtherNumber(eArchiveEntry type, std::string_view name, T& value);
+    [[gnu::noinline]] std::string_view openOtherSection(std::string_view name);
     /// @}
-
-    template <class T>
-    T readNumber(eArchiveEntry type, std::string_view name);
-
-    /// Reads a number for which there is no short way. It stands apart to keep the short way short.
-    template <class T>
-    [[gnu::noinline]] T readOtherNumber(eArchiveEntry type, std::string_view name);
 
     std::unique_ptr<Decoder> _pDecoder;
 };

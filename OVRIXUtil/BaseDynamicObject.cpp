@@ -3,8 +3,6 @@
 namespace ovrix
 {
 
-BaseDynamicObject::~BaseDynamicObject() = default;
-
 void BaseDynamicObject::initCtorCopy(const BaseDynamicObject& other)
 {
     copy(other);

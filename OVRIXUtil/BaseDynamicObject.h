@@ -18,7 +18,7 @@ using DynamicObjectPtr = boost::shared_ptr<BaseDynamicObject>;
 class OVRIXUTIL_EXPORT BaseDynamicObject
 {
 public:
-    virtual ~BaseDynamicObject();
+    virtual ~BaseDynamicObject() = default;
 
     /// Full name of the object's class, such as "ovrix::math::EstimationConfig".
     virtual const std::string& getClassName() const = 0;

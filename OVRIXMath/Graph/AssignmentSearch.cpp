@@ -19,6 +19,9 @@ namespace
 constexpr ovUInt32 g_none = NumericLimits<ovUInt32>::s_max;
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
 
+/// From so many rows on, to keep a list of a column's near rows takes less time than to look at all rows.
+constexpr ovUInt32 g_minRowsForLists = 256;
+
 } // namespace
 
 AssignmentSearch::AssignmentSearch(const double* weights, const WeightRange& range, ovUInt32 nbRows, ovUInt32 nbColumns)
@@ -302,7 +305,7 @@ ovUInt32 AssignmentSearch::relax(ovUInt32 column)
         }
     };
 
-    if (_nearRows.prepare(column, _rowLabel, columnLabel, limit))
+    if (_nbRows >= g_minRowsForLists && _nearRows.prepare(column, _rowLabel, columnLabel, limit))
     {
         _nearRows.forEach(column, columnLabel, limit,
                           [&](const NearRows::Entry& entry)

@@ -2,6 +2,7 @@
 #include <OVRIXMath/Graph/SlackKernels.h>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace ovrix
@@ -29,8 +30,9 @@ LeastSlacks::LeastSlacks(std::size_t depth) : _depth(depth), _bound(g_infinity)
 const std::vector<SlackEntry>& LeastSlacks::select(const double* labels, double label, const double* weights,
                                                    std::size_t count)
 {
-    // Rows and columns are alike as a rule, so that the last bound is about right for the next one as well.
-    listBelow(_bound, labels, label, weights, count);
+    // Rows and columns are alike as a rule, so that the last bound is about right for the next one as well. With many
+    // equal slacks it can be the least of all: it counts too.
+    listBelow(std::nextafter(_bound, g_infinity), labels, label, weights, count);
     if (_entries.size() < _depth / 2 && _bound < g_infinity)
         listBelow(g_infinity, labels, label, weights, count);
     std::sort(_entries.begin(), _entries.end());

@@ -68,6 +68,26 @@ TEST(WeightRange, IsNotExactForRoundNumbersOfFarApartMagnitudes)
     EXPECT_FALSE(rangeOf({std::ldexp(1.0, 1000), std::numeric_limits<double>::denorm_min()}).bExact);
 }
 
+TEST(WeightRange, LooksAtEachOfManyWeights)
+{
+    for (const std::size_t count : {1u, 4u, 5u, 255u, 256u, 257u, 1023u})
+    {
+        for (std::size_t i = 0; i < count; ++i)
+        {
+            std::vector<double> weights(count, 1.0);
+            weights[i] = 0.1;
+            EXPECT_FALSE(rangeOf(weights).bExact) << i << " of " << count;
+            weights[i] = -7.0;
+            EXPECT_TRUE(rangeOf(weights).bExact) << i << " of " << count;
+            EXPECT_EQ(rangeOf(weights).magnitude, 7.0) << i << " of " << count;
+            weights[i] = std::numeric_limits<double>::denorm_min();
+            EXPECT_FALSE(rangeOf(weights).bExact) << i << " of " << count;
+            weights[i] = std::nan("");
+            EXPECT_FALSE(rangeOf(weights).bFinite) << i << " of " << count;
+        }
+    }
+}
+
 } // namespace details
 } // namespace math
 } // namespace ovrix
