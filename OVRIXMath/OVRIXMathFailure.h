@@ -3,6 +3,7 @@
 #include <OVRIXMath/OVRIXMathException.h>
 #include <OVRIXMath/OVRIXMathLog.h>
 #include <OVRIXUtil/FailureFrame.h>
+#include <OVRIXUtil/ProcessingResult.h>
 
 #include <string>
 

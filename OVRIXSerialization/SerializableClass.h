@@ -4,6 +4,7 @@
 #include <OVRIXSerialization/Export.h>
 #include <OVRIXSerialization/SerializableAccess.h>
 #include <OVRIXSerialization/SerializationItem.h>
+#include <OVRIXUtil/ProcessingResult.h>
 #include <OVRIXUtil/Types.h>
 
 #include <boost/thread/lock_guard.hpp>

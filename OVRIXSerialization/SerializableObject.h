@@ -6,6 +6,7 @@
 #include <OVRIXUtil/OVRIXUtilFailure.h>
 
 #include <boost/make_shared.hpp>
+#include <boost/shared_ptr.hpp>
 
 #include <memory>
 #include <string>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OVRIXUtil/BaseException.h>
+#include <OVRIXUtil/Export.h>
 
 namespace ovrix
 {

@@ -60,6 +60,9 @@ function(ovrix_add_library name alias)
         "$<BUILD_INTERFACE:${generated}>"
         "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
 
+    if(NOT OVRIX_INSTALL)
+        return()
+    endif()
     install(TARGETS ${name} EXPORT OVRIXMathTargets
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development)
     install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${name}"

@@ -4,6 +4,7 @@
 #include <OVRIXMath/Clustering/SampleTable.h>
 #include <OVRIXMath/Types.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace ovrix

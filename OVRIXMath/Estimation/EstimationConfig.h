@@ -3,6 +3,7 @@
 #include <OVRIXMath/Estimation/DataPartition/BaseDataPartition.h>
 #include <OVRIXMath/Export.h>
 #include <OVRIXSerialization/SerializableObject.h>
+#include <OVRIXUtil/Types.h>
 
 namespace ovrix
 {

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <OVRIXMath/Geometry/Coordinates.h>
+#include <OVRIXUtil/Types.h>
 
+#include <cmath>
+#include <cstddef>
 #include <type_traits>
 
 /// @file

@@ -3,6 +3,7 @@
 #include <OVRIXMath/Export.h>
 #include <OVRIXMath/Types.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace ovrix

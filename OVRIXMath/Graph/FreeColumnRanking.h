@@ -3,6 +3,7 @@
 #include <OVRIXMath/Graph/LeastSlacks.h>
 #include <OVRIXMath/Types.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace ovrix

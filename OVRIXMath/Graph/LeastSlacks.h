@@ -2,6 +2,7 @@
 
 #include <OVRIXMath/Types.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace ovrix

@@ -4,6 +4,9 @@
 #include <OVRIXUtil/NumericLimits.h>
 #include <OVRIXUtil/Types.h>
 
+#include <cstddef>
+#include <cstdint>
+
 /// @file
 /// The loops of AssignmentSearch over the rows or columns of a table.
 

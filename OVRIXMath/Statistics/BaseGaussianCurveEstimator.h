@@ -2,6 +2,7 @@
 
 #include <OVRIXMath/Estimation/BaseEstimator.h>
 #include <OVRIXMath/Export.h>
+#include <OVRIXMath/Types.h>
 
 namespace ovrix
 {

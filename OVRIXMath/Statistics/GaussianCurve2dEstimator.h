@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Statistics/BaseGaussianCurveEstimator.h>
 
 namespace ovrix

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Statistics/BaseGaussianCurveEstimator.h>
+#include <OVRIXUtil/Types.h>
 
 namespace ovrix
 {

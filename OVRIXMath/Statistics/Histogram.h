@@ -1,6 +1,8 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Statistics/BaseHistogram.h>
+#include <OVRIXUtil/Types.h>
 
 #include <boost/noncopyable.hpp>
 

@@ -15,7 +15,7 @@ NUMBERED_TEXT = re.compile(r'/\* (\d+) \*/((?:\s*"(?:[^"\\]|\\.)*")+)')
 
 INTRODUCTION = r"""# Messages {#messages}
 
-Every text that the libraries raise, return or log, by domain and number. In a text, <code>\%d</code>,
+Every text that the libraries raise, return or log, by domain and number, in one table. In a text, <code>\%d</code>,
 <code>\%f</code> and <code>\%s</code> stand for the values that are filled in. A raise is logged before it is
 thrown, on the logger of the library; see the main page for the three outcomes of a check.
 """
@@ -49,18 +49,23 @@ def quote(text):
 def main():
     advice = read_advice()
     print(INTRODUCTION)
+    print("| Domain | Library | Class of its numbers |\n|---|---|---|")
+    rows = []
     for library in ("OVRIXMath", "OVRIXSerialization", "OVRIXUtil"):
         for source in sorted(pathlib.Path(library).rglob("*LogMessages.cpp")):
             domain = source.stem.removesuffix("LogMessages")
             texts = read_texts(source)
             if sorted(texts) != list(range(len(texts))) or not texts:
                 sys.exit(f"{source}: the numbers of the texts are not 0 to {len(texts) - 1}")
-            print(f"\n## {domain}\n\nRaised by `{library}`, enumeration `e{domain}Message`.\n")
-            print("| Number | Text | What to do |\n|---|---|---|")
+            class_name = re.search(r"struct (\w+)", source.with_suffix(".h").read_text())[1]
+            print(f'| <a href="#{domain}">{domain}</a> | {library} | `{class_name}` |')
             for number, text in sorted(texts.items()):
                 if (domain, number) not in advice:
                     sys.exit(f"{HERE}/advice.txt: advice on {domain} {number} is missing")
-                print(f"| {number} | {quote(text)} | {advice.pop((domain, number))} |")
+                place = f'<a id="{domain}"></a>' if number == 0 else ""
+                rows.append(f"| {place}{domain} | {number} | {quote(text)} | {advice.pop((domain, number))} |")
+    print("\n| Domain | Number | Text | What to do |\n|---|---|---|---|")
+    print("\n".join(rows))
     if advice:
         sys.exit(f"{HERE}/advice.txt: no such message: {sorted(advice)}")
 

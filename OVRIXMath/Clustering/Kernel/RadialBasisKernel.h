@@ -1,6 +1,8 @@
 #pragma once
 
 #include <OVRIXMath/Clustering/Kernel/BaseKernel.h>
+#include <OVRIXMath/Export.h>
+#include <OVRIXMath/Types.h>
 
 #include <cmath>
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <OVRIXMath/Clustering/Kernel/BaseKernel.h>
+#include <OVRIXMath/Export.h>
+#include <OVRIXUtil/Types.h>
 
 #include <cmath>
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <OVRIXMath/Estimation/DataPartition/BaseGridPartition.h>
+#include <OVRIXMath/Export.h>
+#include <OVRIXMath/Types.h>
 
 namespace ovrix
 {

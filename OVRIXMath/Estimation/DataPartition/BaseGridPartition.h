@@ -1,8 +1,11 @@
 #pragma once
 
 #include <OVRIXMath/Estimation/DataPartition/BaseDataPartition.h>
+#include <OVRIXMath/Export.h>
+#include <OVRIXMath/Types.h>
 
 #include <map>
+#include <set>
 #include <vector>
 
 namespace ovrix

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <OVRIXMath/Geometry/Coordinates.h>
+#include <OVRIXUtil/NumericLimits.h>
+#include <OVRIXUtil/Types.h>
 
 namespace ovrix
 {

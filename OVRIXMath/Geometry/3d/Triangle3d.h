@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OVRIXMath/Geometry/3d/Vector3d.h>
+#include <OVRIXUtil/Types.h>
 
 namespace ovrix
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <OVRIXMath/Geometry/Coordinates.h>
+#include <OVRIXUtil/Types.h>
 
 namespace ovrix
 {

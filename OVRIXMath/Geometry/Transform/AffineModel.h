@@ -2,8 +2,10 @@
 
 #include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/Transform/HomogenousMatrix.h>
+#include <OVRIXUtil/Types.h>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace ovrix
 {

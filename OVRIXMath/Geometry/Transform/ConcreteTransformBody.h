@@ -2,6 +2,7 @@
 
 #include <OVRIXMath/Geometry/Transform/ConcreteTransform.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
+#include <OVRIXMath/Types.h>
 
 /// @file
 /// Bodies of ConcreteTransform, for the source files of the concrete transforms.

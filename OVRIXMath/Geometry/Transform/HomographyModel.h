@@ -3,8 +3,10 @@
 #include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/Transform/HomogenousMatrix.h>
 #include <OVRIXMath/Geometry/Transform/LuInversion.h>
+#include <OVRIXUtil/Types.h>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace ovrix
 {

@@ -2,6 +2,9 @@
 
 #include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/Transform/HomogenousMatrix.h>
+#include <OVRIXUtil/Types.h>
+
+#include <cstddef>
 
 namespace ovrix
 {

@@ -3,6 +3,9 @@
 #include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/Transform/HomogenousMatrix.h>
 #include <OVRIXMath/Geometry/Transform/InverseScale.h>
+#include <OVRIXUtil/Types.h>
+
+#include <cstddef>
 
 namespace ovrix
 {

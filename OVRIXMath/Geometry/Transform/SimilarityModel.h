@@ -3,6 +3,9 @@
 #include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/Transform/InverseScale.h>
 #include <OVRIXMath/Geometry/Transform/RigidModel.h>
+#include <OVRIXUtil/Types.h>
+
+#include <cstddef>
 
 namespace ovrix
 {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/2d/Transform/TransformFamily2d.h>
 #include <OVRIXMath/Geometry/Transform/ConcreteTransform.h>
+#include <OVRIXUtil/Types.h>
 
 namespace ovrix
 {

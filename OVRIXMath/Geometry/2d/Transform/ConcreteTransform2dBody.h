@@ -4,6 +4,7 @@
 #include <OVRIXMath/Geometry/2d/Transform/TransformRegistrator2d.h>
 #include <OVRIXMath/Geometry/Transform/ConcreteTransformBody.h>
 #include <OVRIXMath/Geometry/Transform/HomogenousMatrix.h>
+#include <OVRIXUtil/Types.h>
 
 /// @file
 /// Bodies of ConcreteTransform2d, for the source files of the concrete planar transforms.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/2d/Transform/ConcreteTransform2d.h>
 #include <OVRIXMath/Geometry/Transform/ScaleModel.h>
+#include <OVRIXMath/Types.h>
 
 namespace ovrix
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/2d/Transform/TransformFamily2d.h>
 #include <OVRIXMath/Geometry/Transform/TransformFactory.h>
 

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/2d/Transform/BaseLinearGeometricTransform2d.h>
 #include <OVRIXMath/Geometry/2d/Transform/Rotation2dPart.h>
 #include <OVRIXMath/Geometry/2d/Transform/Transform2dLogMessages.h>
+#include <OVRIXUtil/Types.h>
+
+#include <array>
+#include <cstddef>
 
 namespace ovrix
 {

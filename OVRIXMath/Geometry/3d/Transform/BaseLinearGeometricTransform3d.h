@@ -1,6 +1,8 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/3d/Transform/BaseGeometricTransform3d.h>
+#include <OVRIXUtil/Types.h>
 
 #include <boost/numeric/ublas/matrix.hpp>
 

@@ -4,6 +4,7 @@
 #include <OVRIXMath/Geometry/3d/Transform/TransformRegistrator3d.h>
 #include <OVRIXMath/Geometry/Transform/ConcreteTransformBody.h>
 #include <OVRIXMath/Geometry/Transform/HomogenousMatrix.h>
+#include <OVRIXUtil/Types.h>
 
 /// @file
 /// Bodies of ConcreteTransform3d, for the source files of the concrete spatial transforms.

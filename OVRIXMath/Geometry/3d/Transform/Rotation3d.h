@@ -1,7 +1,9 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/3d/Transform/ConcreteTransform3d.h>
 #include <OVRIXMath/Geometry/Transform/RotationModel.h>
+#include <OVRIXMath/Types.h>
 
 namespace ovrix
 {

@@ -2,7 +2,9 @@
 
 #include <OVRIXMath/Geometry/3d/EulerMatrix.h>
 #include <OVRIXMath/Geometry/Transform/HomogenousMatrix.h>
+#include <OVRIXUtil/Types.h>
 
+#include <array>
 #include <cstddef>
 
 namespace ovrix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/3d/Transform/TransformFamily3d.h>
 #include <OVRIXMath/Geometry/Transform/TransformFactory.h>
 

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
 #include <OVRIXMath/Geometry/3d/Transform/BaseLinearGeometricTransform3d.h>
 #include <OVRIXMath/Geometry/3d/Transform/Rotation3dPart.h>
 #include <OVRIXMath/Geometry/3d/Transform/Transform3dLogMessages.h>
+#include <OVRIXUtil/Types.h>
+
+#include <array>
+#include <cstddef>
 
 namespace ovrix
 {

@@ -1,0 +1,35 @@
+# In a function, so that nothing but targets is left in the caller's scope. CMake has no finder of log4cplus; one stands
+# beside this file.
+function(_ovrixmath_find_dependencies)
+    set(CMAKE_MODULE_PATH "${CMAKE_CURRENT_FUNCTION_LIST_DIR}")
+    find_package(Threads QUIET)
+    find_package(Boost 1.74 QUIET COMPONENTS thread filesystem)
+    find_package(Log4cplus QUIET)
+    if(NOT Threads_FOUND)
+        set(message "the library of threads is missing")
+    elseif(NOT Boost_FOUND)
+        set(message "Boost 1.74 with its libraries thread and filesystem is missing; on Debian: libboost-all-dev")
+    elseif(NOT Log4cplus_FOUND)
+        set(message "log4cplus is missing; on Debian it is in the package liblog4cplus-dev")
+    endif()
+    if(DEFINED message)
+        set(OVRIXMath_FOUND FALSE PARENT_SCOPE)
+        set(OVRIXMath_NOT_FOUND_MESSAGE "${message}" PARENT_SCOPE)
+    endif()
+endfunction()
+
+_ovrixmath_find_dependencies()
+if(DEFINED OVRIXMath_NOT_FOUND_MESSAGE)
+    return()
+endif()
+
+include("${CMAKE_CURRENT_LIST_DIR}/OVRIXMathTargets.cmake")
+
+foreach(OVRIXMath_component IN LISTS OVRIXMath_FIND_COMPONENTS)
+    if(NOT TARGET OVRIX::${OVRIXMath_component} AND OVRIXMath_FIND_REQUIRED_${OVRIXMath_component})
+        set(OVRIXMath_FOUND FALSE)
+        set(OVRIXMath_NOT_FOUND_MESSAGE
+            "there is no component ${OVRIXMath_component}; they are Util, Serialization and Math")
+    endif()
+endforeach()
+unset(OVRIXMath_component)
