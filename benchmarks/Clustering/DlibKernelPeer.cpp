@@ -57,6 +57,7 @@ void kernelKMeansAttempt(benchmark::State& state)
         nbEqual += assignments[i] == dlibKMeans(dlibData[i]) ? 1 : 0;
     state.counters["iterations"] = nbIteration;
     state.counters["dictionary"] = centroids[0].getDictionarySize();
+    state.counters["peerDictionary"] = static_cast<double>(dlibKMeans.get_kcentroid(0).dictionary_size());
     state.counters["equal"] = static_cast<double>(nbEqual);
 }
 BENCHMARK(kernelKMeansAttempt)
