@@ -39,7 +39,7 @@ using testing::HasSubstr;
 
 const char* const g_guide = "docs/guides/estimation.md";
 
-/// A circle in the plane. A datum is a point (x, y), the parameters are (cx, cy, r).
+// A circle in the plane. A datum is a point (x, y), the parameters are (cx, cy, r).
 class CircleEstimator : public BaseEstimator
 {
 public:
@@ -49,7 +49,7 @@ public:
     }
 
 protected:
-    /// Fits x^2 + y^2 = 2 cx x + 2 cy y + s, which is linear in cx, cy and s = r^2 - cx^2 - cy^2.
+    // Fits x^2 + y^2 = 2 cx x + 2 cy y + s, which is linear in cx, cy and s = r^2 - cx^2 - cy^2.
     BoolResult processEstimation(const DataSet& points, ParameterType& circle) override
     {
         if (points.size() < getNbMinRequestedData())
@@ -72,7 +72,7 @@ protected:
         return true;
     }
 
-    /// Distances to the circle, positive outside of it.
+    // Distances to the circle, positive outside of it.
     BoolResult processResiduals(const DataSet& points, const ParameterType& circle,
                                 ResidualsSet& residuals) const override
     {
@@ -82,7 +82,7 @@ protected:
     }
 };
 
-/// The distances of points to a circle, for their sum of squares.
+// The distances of points to a circle, for their sum of squares.
 class CircleDistances : public BaseCostFunction
 {
 public:
