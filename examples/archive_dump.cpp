@@ -16,6 +16,7 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -273,8 +274,17 @@ std::unique_ptr<BaseIArchive> openArchive(std::istream& stream)
     return std::make_unique<TextIArchive>(stream);
 }
 
+/// Reads the command line; there is no file when only the help was asked for.
+std::optional<std::string> readFileName(int argc, char** argv)
+{
+    examples::CommandLine commandLine("archive_dump", "file");
+    if (!commandLine.read(argc, argv))
+        return std::nullopt;
+    return commandLine.getInput();
+}
+
 /// Prints the archives of a file: several binary ones can stand behind each other.
-void dumpFile(const char* path)
+void dumpArchives(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
     if (!file)
@@ -287,25 +297,24 @@ void dumpFile(const char* path)
     } while (file.peek() != std::ifstream::traits_type::eof());
 }
 
+void dumpFile(const std::string& path)
+{
+    try
+    {
+        dumpArchives(path);
+        if (!std::cout.flush())
+            throw std::runtime_error("What it holds can't be printed");
+    }
+    catch (const std::exception& exception)
+    {
+        std::cout.flush(); // what could be read stands in front of what is wrong
+        throw std::runtime_error(path + ": " + exception.what());
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const auto run = [&]
-    {
-        if (argc != 2)
-            throw std::runtime_error("Usage: archive_dump FILE");
-        try
-        {
-            dumpFile(argv[1]);
-            if (!std::cout.flush())
-                throw std::runtime_error("What it holds can't be printed");
-        }
-        catch (const std::exception& exception)
-        {
-            std::cout.flush(); // what could be read stands in front of what is wrong
-            throw std::runtime_error(argv[1] + (": " + std::string(exception.what())));
-        }
-    };
-    return examples::runProgram("archive_dump", run);
+    return examples::runProgram("archive_dump", argc, argv, readFileName, dumpFile);
 }

@@ -2,6 +2,7 @@
 // and draws the indices over the number, beside the samples in the clusters that most of them call the best.
 
 #include "support/CommandLine.h"
+#include "support/TextFile.h"
 
 #include <OVRIXMath/Clustering/KMeansClustering.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
@@ -10,9 +11,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <fstream>
-#include <iomanip>
 #include <iostream>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -23,6 +23,7 @@ namespace
 
 using namespace ovrix::math;
 using namespace ovrix::math::clustering;
+using examples::toText;
 using ovrix::ovUInt32;
 using ovrix::RandomUniformGenerator;
 
@@ -31,19 +32,20 @@ struct Options
     std::string output;
     unsigned int nbMost = 0;
     unsigned int seed = 0;
-    bool bRun = false;
 };
 
-Options readOptions(int argc, char** argv)
+/// Reads the command line; there are no options when only the help was asked for.
+std::optional<Options> readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    examples::CommandLine commandLine("choose_clusters", false);
+    examples::CommandLine commandLine("choose_clusters");
     commandLine.addOptions()("output,o", po::value(&options.output)->default_value("choose_clusters.svg"),
                              "SVG to write: samples and indices");
     commandLine.addOptions()("most,k", po::value(&options.nbMost)->default_value(10), "largest number of clusters");
     commandLine.addOptions()("seed", po::value(&options.seed)->default_value(1), "seed of the random generator");
-    options.bRun = commandLine.read(argc, argv);
+    if (!commandLine.read(argc, argv))
+        return std::nullopt;
     if (options.nbMost < 3 || options.nbMost > 20)
         throw std::runtime_error("The largest number of clusters should be from 3 to 20");
     return options;
@@ -91,13 +93,6 @@ struct Rating
     }
 };
 
-std::string toText(double value, int nbDigits)
-{
-    std::ostringstream text;
-    text << std::fixed << std::setprecision(nbDigits) << value;
-    return text.str();
-}
-
 /// The SVG: samples on the left, one small plot for each index on the right.
 class Picture
 {
@@ -140,20 +135,13 @@ public:
 
     void write(const std::string& path) const
     {
-        std::ofstream file(path);
-        file
-            << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"900\" height=\"560\">\n"
-            << "<style>text{font:15px sans-serif;text-anchor:middle;fill:#333}.k{font-size:11px}.axis{fill:none;stroke:"
-               "#bbb}polyline{fill:none;stroke:#1f5fa8;stroke-width:1.5}.dot{fill:#1f5fa8}.best{fill:#d01c1c}.centre{"
-               "fill:"
-               "none;stroke:#000;stroke-width:2}";
+        std::string style = "text{font:15px sans-serif;text-anchor:middle;fill:#333}.k{font-size:11px}"
+                            ".axis{fill:none;stroke:#bbb}polyline{fill:none;stroke:#1f5fa8;stroke-width:1.5}"
+                            ".dot{fill:#1f5fa8}.best{fill:#d01c1c}.centre{fill:none;stroke:#000;stroke-width:2}";
         const char* const colours[g_nbColours] = {"#1f5fa8", "#c8560b", "#2a8a4a", "#8a4fa3", "#b5942a", "#5a5a5a"};
         for (std::size_t i = 0; i < g_nbColours; ++i)
-            file << ".c" << i << "{fill:" << colours[i] << "}";
-        file << "</style>\n<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n" << _content.str() << "</svg>\n";
-        file.close();
-        if (!file)
-            throw std::runtime_error(path + " can't be written");
+            style += ".c" + std::to_string(i) + "{fill:" + colours[i] + "}";
+        examples::writeSvg(path, 900.0, 560.0, style, _content.str());
     }
 
 private:
@@ -165,13 +153,13 @@ private:
     {
         const double height = *range.second - *range.first;
         const double share = height > 0.0 ? (rating.values[i] - *range.first) / height : 0.5;
-        return toText(step * static_cast<double>(i), 1) + "," + toText(56.0 - 50.0 * share, 1);
+        return toText(step * static_cast<double>(i)) + "," + toText(56.0 - 50.0 * share);
     }
 
     void drawCircle(const Vector& point, const std::string& style, int radius)
     {
-        _content << "<circle class=\"" << style << "\" cx=\"" << toText(240.0 + 60.0 * point(0), 1) << "\" cy=\""
-                 << toText(240.0 - 60.0 * point(1), 1) << "\" r=\"" << radius << "\"/>\n";
+        _content << "<circle class=\"" << style << "\" cx=\"" << toText(240.0 + 60.0 * point(0)) << "\" cy=\""
+                 << toText(240.0 - 60.0 * point(1)) << "\" r=\"" << radius << "\"/>\n";
     }
 
     std::ostringstream _content;
@@ -221,11 +209,5 @@ void run(const Options& options)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("choose_clusters",
-                                [&]
-                                {
-                                    const Options options = readOptions(argc, argv);
-                                    if (options.bRun)
-                                        run(options);
-                                });
+    return examples::runProgram("choose_clusters", argc, argv, readOptions, run);
 }

@@ -3,6 +3,7 @@
 // clusters, and behind them, for the first two ways, the cluster of every place of the plane.
 
 #include "support/CommandLine.h"
+#include "support/TextFile.h"
 
 #include <OVRIXMath/Clustering/KMeansClustering.h>
 #include <OVRIXMath/Clustering/KernelKMeansClustering.h>
@@ -14,9 +15,9 @@
 
 #include <cmath>
 #include <cstddef>
-#include <fstream>
 #include <functional>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -30,6 +31,26 @@ using ovrix::ovUInt32;
 using ovrix::RandomUniformGenerator;
 
 constexpr double g_pi = 3.14159265358979323846;
+
+struct Options
+{
+    std::string output;
+    unsigned int seed = 0;
+};
+
+/// Reads the command line; there are no options when only the help was asked for.
+std::optional<Options> readOptions(int argc, char** argv)
+{
+    namespace po = boost::program_options;
+    Options options;
+    examples::CommandLine commandLine("cluster_rings");
+    commandLine.addOptions()("output,o", po::value(&options.output)->default_value("cluster_rings.svg"),
+                             "SVG to write: rings and moons in their clusters");
+    commandLine.addOptions()("seed", po::value(&options.seed)->default_value(1), "seed of the random generator");
+    if (!commandLine.read(argc, argv))
+        return std::nullopt;
+    return options;
+}
 
 /// A sample near a point.
 Vector makeSample(double x, double y, double noise)
@@ -111,38 +132,26 @@ public:
         {
             const double x = (samples[i](0) + 4.0) / 8.0 * g_size;
             const double y = (4.0 - samples[i](1)) / 8.0 * g_size;
-            _panels += "<circle class=\"s" + std::to_string(partition.labels[i]) + "\" cx=\"" + toText(x) + "\" cy=\"" +
-                       toText(y) + "\" r=\"2.5\"/>\n";
+            _panels += "<circle class=\"s" + std::to_string(partition.labels[i]) + "\" cx=\"" + examples::toText(x) +
+                       "\" cy=\"" + examples::toText(y) + "\" r=\"2.5\"/>\n";
         }
         _panels += "</g>\n";
     }
 
     void write(const std::string& path) const
     {
-        std::ofstream file(path);
-        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << _width << "\" height=\"" << _height
-             << "\" viewBox=\"0 0 " << _width << ' ' << _height << "\">\n"
-             << "<style>text{font:16px sans-serif;text-anchor:middle;fill:#333}"
-             << ".p0{fill:#fbe3d0}.p1{fill:#d7e6f5}.p0,.p1{shape-rendering:crispEdges}"
-             << ".frame{fill:none;stroke:#ccc}"
-             << "circle{stroke:#fff;stroke-width:.6}.s0{fill:#c8560b}.s1{fill:#1f5fa8}</style>\n"
-             << "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n"
-             << _panels << "</svg>\n";
-        file.close();
-        if (!file)
-            throw std::runtime_error(path + " can't be written");
+        examples::writeSvg(path, static_cast<double>(_width), static_cast<double>(_height),
+                           "text{font:16px sans-serif;text-anchor:middle;fill:#333}"
+                           ".p0{fill:#fbe3d0}.p1{fill:#d7e6f5}.p0,.p1{shape-rendering:crispEdges}"
+                           ".frame{fill:none;stroke:#ccc}"
+                           "circle{stroke:#fff;stroke-width:.6}.s0{fill:#c8560b}.s1{fill:#1f5fa8}",
+                           _panels);
     }
 
 private:
     static constexpr std::size_t g_size = 300;
     static constexpr std::size_t g_stepX = g_size + 20;
     static constexpr std::size_t g_stepY = g_size + 40;
-
-    static std::string toText(double value)
-    {
-        std::string text = std::to_string(value);
-        return text.substr(0, text.find('.') + 2);
-    }
 
     /// Tints the plane by the labels of its places, one rectangle for each run of equal ones along a line.
     void drawPlane(const Partition& partition)
@@ -175,10 +184,10 @@ private:
     std::string _panels;
 };
 
-void run(const std::string& path)
+void run(const Options& options)
 {
     // All random choices, of the samples and of the clusterings, come from this generator.
-    RandomUniformGenerator::getGen().seed(1);
+    RandomUniformGenerator::getGen().seed(options.seed);
     Picture picture(2, 3);
     const std::vector<std::pair<std::string, VectorColl>> tasks = {{"Rings", makeRings(360)},
                                                                    {"Moons", makeMoons(360)}};
@@ -201,13 +210,13 @@ void run(const std::string& path)
         SpectralClustering<RadialBasisKernel> spectral(RadialBasisKernel::createKernel(0.25));
         picture.draw(row, 2, samples, cluster("spectral clustering", spectral, samples));
     }
-    picture.write(path);
-    std::cout << "Picture " << path << '\n';
+    picture.write(options.output);
+    std::cout << "Picture " << options.output << '\n';
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("cluster_rings", [&] { run(argc > 1 ? argv[1] : "cluster_rings.svg"); });
+    return examples::runProgram("cluster_rings", argc, argv, readOptions, run);
 }

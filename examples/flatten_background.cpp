@@ -3,6 +3,7 @@
 
 #include "support/CommandLine.h"
 #include "support/GreyImage.h"
+#include "support/TextFile.h"
 
 #include <OVRIXMath/Estimation/EstimationUtils.h>
 #include <OVRIXMath/Tools/Polynomial2dSurfaceEstimator.h>
@@ -11,13 +12,13 @@
 #include <boost/make_shared.hpp>
 
 #include <cstddef>
-#include <fstream>
 #include <iomanip>
 #include <iostream>
 #include <iterator>
+#include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <string>
-#include <unistd.h>
 
 namespace
 {
@@ -36,12 +37,12 @@ struct Options
     unsigned int seed = 0;
 };
 
-/// Reads the command line; an empty input means that only the help was asked for.
-Options readOptions(int argc, char** argv)
+/// Reads the command line; there are no options when only the help was asked for.
+std::optional<Options> readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    examples::CommandLine commandLine("flatten_background");
+    examples::CommandLine commandLine("flatten_background", "picture");
     commandLine.addOptions()("output,o", po::value(&options.output)->default_value("flatten_background.png"),
                              "PNG to write: photograph, fitted light, flattened photograph, outliers");
     commandLine.addOptions()("csv", po::value(&options.csv), "CSV to write: the same, a line a pixel");
@@ -53,8 +54,8 @@ Options readOptions(int argc, char** argv)
                              "share of outliers that is expected");
     commandLine.addOptions()("seed", po::value(&options.seed)->default_value(5489), "seed of the random generator");
     if (!commandLine.read(argc, argv))
-        return options;
-    options.input = commandLine.getPicture();
+        return std::nullopt;
+    options.input = commandLine.getInput();
     return options;
 }
 
@@ -147,36 +148,27 @@ struct Panels
 
 void writeCsv(const std::string& path, const Panels& panels)
 {
-    std::ofstream file(path);
-    file << "x;y;grey;light;flattened;outlier\n";
+    std::ostringstream table;
+    table << "x;y;grey;light;flattened;outlier\n";
     for (std::size_t y = 0; y < panels.photo.height; ++y)
     {
         for (std::size_t x = 0; x < panels.photo.width; ++x)
         {
-            file << x << ';' << y << ';' << +panels.photo.at(x, y) << ';' << +panels.light.at(x, y) << ';'
-                 << +panels.flat.at(x, y) << ';' << (panels.outliers.at(x, y) != 0) << '\n';
+            table << x << ';' << y << ';' << +panels.photo.at(x, y) << ';' << +panels.light.at(x, y) << ';'
+                  << +panels.flat.at(x, y) << ';' << (panels.outliers.at(x, y) != 0) << '\n';
         }
     }
-    file.close();
-    if (!file)
-        throw std::runtime_error(path + " can't be written");
-}
-
-/// Tells what is being done, to somebody who sits in front of a terminal.
-void showStage(const std::string& stage)
-{
-    if (isatty(STDERR_FILENO) != 0)
-        std::cerr << stage << " ...\n";
+    examples::writeTextFile(path, table.str());
 }
 
 void flatten(const Options& options)
 {
     const EstimationConfig config = makeConfig(options);
-    showStage("Reading " + options.input);
+    examples::showStage("Reading " + options.input);
     const GreyImage photo = examples::readGreyImage(options.input);
     std::cout << options.input << ": " << photo.width << " x " << photo.height << " pixels\n";
 
-    showStage("Fitting the light");
+    examples::showStage("Fitting the light");
     ovrix::RandomUniformGenerator::getGen().seed(options.seed);
     const auto pSurface = boost::make_shared<Polynomial2dSurfaceEstimator>();
     EstimationResults results;
@@ -190,7 +182,7 @@ void flatten(const Options& options)
     const bool bRobust = results.hasRobustEstimationDone();
     printFigures(options, results, bRobust ? createRobustEstimator(config, pSurface)->getNbNeededRuns() : 0);
 
-    showStage("Writing the pictures");
+    examples::showStage("Writing the pictures");
     const Panels panels(photo, results);
     examples::writePng(options.output,
                        examples::placeSideBySide({panels.photo, panels.light, panels.flat, panels.outliers}));
@@ -206,11 +198,5 @@ void flatten(const Options& options)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("flatten_background",
-                                [&]
-                                {
-                                    const Options options = readOptions(argc, argv);
-                                    if (!options.input.empty())
-                                        flatten(options);
-                                });
+    return examples::runProgram("flatten_background", argc, argv, readOptions, flatten);
 }

@@ -3,6 +3,7 @@
 
 #include "support/CommandLine.h"
 #include "support/GreyImage.h"
+#include "support/TextFile.h"
 
 #include <OVRIXMath/Statistics/Histogram.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
@@ -11,13 +12,11 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <fstream>
-#include <iomanip>
 #include <iostream>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace
@@ -25,6 +24,7 @@ namespace
 
 using namespace ovrix::math;
 using namespace ovrix::math::clustering;
+using examples::toText;
 using ovrix::ovUInt32;
 
 constexpr std::size_t g_nbGreys = 256;
@@ -40,12 +40,12 @@ struct Options
     unsigned int seed = 0;
 };
 
-/// Reads the command line; an empty input means that only the help was asked for.
-Options readOptions(int argc, char** argv)
+/// Reads the command line; there are no options when only the help was asked for.
+std::optional<Options> readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    examples::CommandLine commandLine("histogram_report");
+    examples::CommandLine commandLine("histogram_report", "picture");
     commandLine.addOptions()("output,o", po::value(&options.output)->default_value("histogram_report.svg"),
                              "SVG to write: the histogram with what was found in it");
     commandLine.addOptions()("csv", po::value(&options.csv)->default_value("histogram_report.csv"),
@@ -57,8 +57,8 @@ Options readOptions(int argc, char** argv)
                              "how the Gaussian is fitted: ransac or lms");
     commandLine.addOptions()("seed", po::value(&options.seed)->default_value(5489), "seed of the random generator");
     if (!commandLine.read(argc, argv))
-        return options;
-    options.input = commandLine.getPicture();
+        return std::nullopt;
+    options.input = commandLine.getInput();
     if (!(options.rise >= 0.0 && options.rise <= 1.0))
         throw std::runtime_error("The rise of a peak should be in [0, 1]");
     return options;
@@ -189,13 +189,6 @@ struct Report
     std::vector<HistogramExtrema> valleys;
 };
 
-std::string toText(double value, int nbDigits = 1)
-{
-    std::ostringstream stream;
-    stream << std::fixed << std::setprecision(nbDigits) << value;
-    return stream.str();
-}
-
 /// A cluster in words: its mean, its deviation and its share of the pixels.
 std::string describeCluster(const KMeansClustering& clustering, ovUInt32 label)
 {
@@ -241,19 +234,11 @@ public:
 
     void write(const std::string& path) const
     {
-        std::ofstream file(path);
-        const auto width = g_right + 20;
-        const auto height = legendTop() + 22 * nbLegendLines();
-        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "\" height=\"" << height
-             << "\" viewBox=\"0 0 " << width << ' ' << height << "\">\n"
-             << "<style>text{font:13px sans-serif;fill:#333}.title{font-size:16px}.end{text-anchor:end}"
-             << ".middle{text-anchor:middle}.grid{stroke:#ddd}.axis{stroke:#666}.peak{fill:#222}"
-             << ".valley{fill:#fff;stroke:#222}.curve{fill:none;stroke:#222;stroke-width:1.8}</style>\n"
-             << "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n"
-             << _content.str() << "</svg>\n";
-        file.close();
-        if (!file)
-            throw std::runtime_error(path + " can't be written");
+        examples::writeSvg(path, g_right + 20.0, legendTop() + 22.0 * static_cast<double>(nbLegendLines()),
+                           "text{font:13px sans-serif;fill:#333}.title{font-size:16px}.end{text-anchor:end}"
+                           ".middle{text-anchor:middle}.grid{stroke:#ddd}.axis{stroke:#666}.peak{fill:#222}"
+                           ".valley{fill:#fff;stroke:#222}.curve{fill:none;stroke:#222;stroke-width:1.8}",
+                           _content.str());
     }
 
 private:
@@ -480,27 +465,20 @@ void printFigures(const Report& report)
         std::cout << "Gaussian    none: " << report.gaussian.failure << '\n';
 }
 
-/// Tells what is being done, to somebody who sits in front of a terminal.
-void showStage(const std::string& stage)
-{
-    if (isatty(STDERR_FILENO) != 0)
-        std::cerr << stage << " ...\n";
-}
-
 void run(const Options& options)
 {
-    showStage("Reading " + options.input);
+    examples::showStage("Reading " + options.input);
     const examples::GreyImage photo = examples::readGreyImage(options.input);
     const std::string title =
         options.input + ": " + std::to_string(photo.width) + " x " + std::to_string(photo.height) + " pixels";
     std::cout << title << '\n';
 
-    showStage("Looking for peaks and clusters");
+    examples::showStage("Looking for peaks and clusters");
     ovrix::RandomUniformGenerator::getGen().seed(options.seed);
     const Report report(options, photo);
     printFigures(report);
 
-    showStage("Writing the report");
+    examples::showStage("Writing the report");
     Picture(report, title.substr(title.find_last_of('/') + 1)).write(options.output);
     std::cout << "Picture     " << options.output << '\n';
     exportToCsv(options.csv, report.histogram);
@@ -511,11 +489,5 @@ void run(const Options& options)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("histogram_report",
-                                [&]
-                                {
-                                    const Options options = readOptions(argc, argv);
-                                    if (!options.input.empty())
-                                        run(options);
-                                });
+    return examples::runProgram("histogram_report", argc, argv, readOptions, run);
 }

@@ -3,6 +3,7 @@
 // way, each point with the nearest one that is left. Draws both as lines.
 
 #include "support/CommandLine.h"
+#include "support/TextFile.h"
 
 #include <OVRIXMath/Graph/BipartitePartialMatch.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
@@ -12,8 +13,8 @@
 
 #include <cmath>
 #include <cstddef>
-#include <fstream>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -33,14 +34,14 @@ struct Options
     double lostRatio = 0.0;
     double reach = 0.0;
     unsigned int seed = 0;
-    bool bRun = false;
 };
 
-Options readOptions(int argc, char** argv)
+/// Reads the command line; there are no options when only the help was asked for.
+std::optional<Options> readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    examples::CommandLine commandLine("match_points", false);
+    examples::CommandLine commandLine("match_points");
     commandLine.addOptions()("output,o", po::value(&options.output)->default_value("match_points.svg"),
                              "SVG to write: both matchings");
     commandLine.addOptions()("points,n", po::value(&options.nbPoints)->default_value(100),
@@ -52,7 +53,8 @@ Options readOptions(int argc, char** argv)
     commandLine.addOptions()("reach", po::value(&options.reach)->default_value(7.0),
                              "longest way of a point from one frame to the next");
     commandLine.addOptions()("seed", po::value(&options.seed)->default_value(1), "seed of the random generator");
-    options.bRun = commandLine.read(argc, argv);
+    if (!commandLine.read(argc, argv))
+        return std::nullopt;
     if (options.nbPoints == 0 || options.nbPoints > 5000)
         throw std::runtime_error("The number of points should be from 1 to 5000");
     if (!(options.noise >= 0.0 && options.noise <= 100.0))
@@ -169,12 +171,6 @@ std::vector<ovUInt32> matchNearest(const Frames& frames, double reach)
     return partners;
 }
 
-std::string toText(double value)
-{
-    const std::string text = std::to_string(value);
-    return text.substr(0, text.find('.') + 2);
-}
-
 /// An SVG of two panels.
 class Picture
 {
@@ -214,16 +210,10 @@ public:
 
     void write(const std::string& path) const
     {
-        std::ofstream file(path);
-        file << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << _nbPanels * g_step << "\" height=\""
-             << g_step + 20 << "\">\n"
-             << "<style>text{font:16px sans-serif;text-anchor:middle;fill:#333}.first{fill:none;stroke:#1f5fa8}"
-             << ".second{fill:#c8560b}.right{stroke:#888}.wrong{stroke:#d01c1c;stroke-width:2}</style>\n"
-             << "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n"
-             << _panels << "</svg>\n";
-        file.close();
-        if (!file)
-            throw std::runtime_error(path + " can't be written");
+        examples::writeSvg(path, static_cast<double>(_nbPanels * g_step), g_step + 20.0,
+                           "text{font:16px sans-serif;text-anchor:middle;fill:#333}.first{fill:none;stroke:#1f5fa8}"
+                           ".second{fill:#c8560b}.right{stroke:#888}.wrong{stroke:#d01c1c;stroke-width:2}",
+                           _panels);
     }
 
 private:
@@ -233,7 +223,7 @@ private:
     /// Frames reach a little beyond 100, where the current carries points.
     static std::string scale(double coordinate)
     {
-        return toText(coordinate / 108.0 * g_size);
+        return examples::toText(coordinate / 108.0 * g_size);
     }
 
     void drawPoint(const std::string& style, const Point& point)
@@ -263,11 +253,5 @@ void run(const Options& options)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("match_points",
-                                [&]
-                                {
-                                    const Options options = readOptions(argc, argv);
-                                    if (options.bRun)
-                                        run(options);
-                                });
+    return examples::runProgram("match_points", argc, argv, readOptions, run);
 }

@@ -23,6 +23,7 @@
 #include <cstddef>
 #include <iomanip>
 #include <iostream>
+#include <optional>
 #include <random>
 #include <stdexcept>
 #include <string>
@@ -157,12 +158,12 @@ struct Options
     unsigned int seed = 0;
 };
 
-/// Reads the command line; an empty input means that only the help was asked for.
-Options readOptions(int argc, char** argv)
+/// Reads the command line; there are no options when only the help was asked for.
+std::optional<Options> readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    examples::CommandLine commandLine("register_photographs");
+    examples::CommandLine commandLine("register_photographs", "picture");
     commandLine.addOptions()(
         "output,o", po::value(&options.output)->default_value("register_photographs.png"),
         "PNG to write: photograph, second photograph, the second one registered onto the first by the "
@@ -174,8 +175,8 @@ Options readOptions(int argc, char** argv)
                              "standard deviation of the other matches in pixels");
     commandLine.addOptions()("seed", po::value(&options.seed)->default_value(5489), "seed of all random choices");
     if (!commandLine.read(argc, argv))
-        return options;
-    options.input = commandLine.getPicture();
+        return std::nullopt;
+    options.input = commandLine.getInput();
     if (!(options.outlierRatio >= 0.0 && options.outlierRatio <= 0.7))
         throw std::runtime_error("The share of wrong matches should be from 0 to 0.7");
     if (!(options.noise > 0.0))
@@ -369,11 +370,5 @@ void registerPhotographs(const Options& options)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("register_photographs",
-                                [&]
-                                {
-                                    const Options options = readOptions(argc, argv);
-                                    if (!options.input.empty())
-                                        registerPhotographs(options);
-                                });
+    return examples::runProgram("register_photographs", argc, argv, readOptions, registerPhotographs);
 }

@@ -8,13 +8,12 @@
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <iomanip>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <string>
-#include <unistd.h>
 
 namespace
 {
@@ -34,12 +33,12 @@ struct Options
     unsigned int seed = 0;
 };
 
-/// Reads the command line; an empty input means that only the help was asked for.
-Options readOptions(int argc, char** argv)
+/// Reads the command line; there are no options when only the help was asked for.
+std::optional<Options> readOptions(int argc, char** argv)
 {
     namespace po = boost::program_options;
     Options options;
-    examples::CommandLine commandLine("segment_photograph");
+    examples::CommandLine commandLine("segment_photograph", "picture");
     commandLine.addOptions()("output,o", po::value(&options.output)->default_value("segment_photograph.png"),
                              "PNG to write: photograph and segments");
     commandLine.addOptions()("segments,k", po::value(&options.nbSegments)->default_value(6), "number of segments");
@@ -49,10 +48,10 @@ Options readOptions(int argc, char** argv)
                              "attempts from other first pixels, of which the best is kept");
     commandLine.addOptions()("seed", po::value(&options.seed)->default_value(5489), "seed of the random generator");
     if (!commandLine.read(argc, argv))
-        return options;
+        return std::nullopt;
     if (options.placeWeight != 0.0 && !(options.placeWeight >= 1e-3 && options.placeWeight <= 1e6))
         throw std::runtime_error("The weight of the place should be 0, or from 0.001 to 1000000");
-    options.input = commandLine.getPicture();
+    options.input = commandLine.getInput();
     return options;
 }
 
@@ -119,24 +118,17 @@ GreyImage drawSegments(const GreyImage& photo, const KMeansClustering& clusterin
     return segments;
 }
 
-/// Tells what is being done, to somebody who sits in front of a terminal.
-void showStage(const std::string& stage)
-{
-    if (isatty(STDERR_FILENO) != 0)
-        std::cerr << stage << " ...\n";
-}
-
 void run(const Options& options)
 {
-    showStage("Reading " + options.input);
+    examples::showStage("Reading " + options.input);
     const GreyImage photo = examples::readGreyImage(options.input);
     std::cout << options.input << ": " << photo.width << " x " << photo.height << " pixels\n";
 
-    showStage("Clustering the pixels");
+    examples::showStage("Clustering the pixels");
     const KMeansClustering clustering = segment(options, photo);
     printFigures(clustering);
 
-    showStage("Writing the pictures");
+    examples::showStage("Writing the pictures");
     examples::writePng(options.output, examples::placeSideBySide({photo, drawSegments(photo, clustering)}));
     std::cout << "Picture     " << options.output << '\n';
 }
@@ -145,11 +137,5 @@ void run(const Options& options)
 
 int main(int argc, char** argv)
 {
-    return examples::runProgram("segment_photograph",
-                                [&]
-                                {
-                                    const Options options = readOptions(argc, argv);
-                                    if (!options.input.empty())
-                                        run(options);
-                                });
+    return examples::runProgram("segment_photograph", argc, argv, readOptions, run);
 }

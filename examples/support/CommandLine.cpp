@@ -1,18 +1,21 @@
 #include "CommandLine.h"
 
+#include <boost/algorithm/string/case_conv.hpp>
+
 #include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
+#include <unistd.h>
 
 namespace po = boost::program_options;
 
 namespace examples
 {
 
-CommandLine::CommandLine(const std::string& program, bool bPicture)
-    : _program(program), _bPicture(bPicture),
-      _options("Usage: " + program + (bPicture ? " PICTURE" : "") + " [options]\n\nOptions")
+CommandLine::CommandLine(const std::string& program, const std::string& input)
+    : _program(program), _input(input),
+      _options("Usage: " + program + (input.empty() ? "" : " " + boost::to_upper_copy(input)) + " [options]\n\nOptions")
 {
     _options.add_options()("help,h", "show this text");
 }
@@ -26,11 +29,12 @@ bool CommandLine::read(int argc, char** argv)
 {
     po::options_description all;
     all.add(_options);
-    if (_bPicture)
-        all.add_options()("picture", po::value(&_picture));
     po::positional_options_description positional;
-    if (_bPicture)
-        positional.add("picture", 1);
+    if (!_input.empty())
+    {
+        all.add_options()(_input.c_str(), po::value(&_path));
+        positional.add(_input.c_str(), 1);
+    }
 
     po::variables_map values;
     po::store(po::command_line_parser(argc, argv).options(all).positional(positional).run(), values);
@@ -40,14 +44,14 @@ bool CommandLine::read(int argc, char** argv)
         std::cout << _options;
         return false;
     }
-    if (_bPicture && _picture.empty())
-        throw std::runtime_error("No picture is given, see " + _program + " --help");
+    if (!_input.empty() && _path.empty())
+        throw std::runtime_error("No " + _input + " is given, see " + _program + " --help");
     return true;
 }
 
-const std::string& CommandLine::getPicture() const
+const std::string& CommandLine::getInput() const
 {
-    return _picture;
+    return _path;
 }
 
 int runProgram(const std::string& program, const std::function<void()>& run)
@@ -62,6 +66,12 @@ int runProgram(const std::string& program, const std::function<void()>& run)
         std::cerr << program << ": " << exception.what() << '\n';
         return EXIT_FAILURE;
     }
+}
+
+void showStage(const std::string& stage)
+{
+    if (isatty(STDERR_FILENO) != 0)
+        std::cerr << stage << " ...\n";
 }
 
 } // namespace examples

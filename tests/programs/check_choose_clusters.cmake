@@ -1,10 +1,6 @@
 # Fails unless PROGRAM finds the number of heaps by two indices and draws all five; writes into FOLDER.
-file(MAKE_DIRECTORY "${FOLDER}")
-execute_process(COMMAND "${PROGRAM}" --output "${FOLDER}/choose_clusters.svg"
-    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
-if(NOT status STREQUAL "0")
-    message(FATAL_ERROR "The exit status is ${status}: ${error}")
-endif()
+include("${CMAKE_CURRENT_LIST_DIR}/run_program.cmake")
+run_program(--output "${FOLDER}/choose_clusters.svg")
 foreach(index "Dunn" "Davies-Bouldin")
     if(NOT output MATCHES "${index} chooses 5 clusters\n")
         message(FATAL_ERROR "The index ${index} does not choose the five heaps:\n${output}")

@@ -1,9 +1,6 @@
 # Fails unless PROGRAM draws rings and half moons, each clustered in three ways; writes into FOLDER.
-file(MAKE_DIRECTORY "${FOLDER}")
-execute_process(COMMAND "${PROGRAM}" "${FOLDER}/cluster_rings.svg" RESULT_VARIABLE status ERROR_VARIABLE error)
-if(NOT status STREQUAL "0")
-    message(FATAL_ERROR "The exit status is ${status}: ${error}")
-endif()
+include("${CMAKE_CURRENT_LIST_DIR}/run_program.cmake")
+run_program(--output "${FOLDER}/cluster_rings.svg")
 file(READ "${FOLDER}/cluster_rings.svg" picture)
 foreach(title "k-means" "kernel k-means" "spectral clustering")
     string(REGEX MATCHALL ">${title}<" titles "${picture}")

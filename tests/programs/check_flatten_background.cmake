@@ -1,11 +1,6 @@
 # Fails unless PROGRAM tells the coins of PICTURE from their background; writes into FOLDER.
-file(MAKE_DIRECTORY "${FOLDER}")
-execute_process(
-    COMMAND "${PROGRAM}" "${PICTURE}" --output "${FOLDER}/flatten_background.png" --csv "${FOLDER}/flatten_background.csv"
-    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
-if(NOT status STREQUAL "0")
-    message(FATAL_ERROR "The exit status is ${status}: ${error}")
-endif()
+include("${CMAKE_CURRENT_LIST_DIR}/run_program.cmake")
+run_program("${PICTURE}" --output "${FOLDER}/flatten_background.png" --csv "${FOLDER}/flatten_background.csv")
 
 # A photograph, the light, the flattened photograph and the outliers beside each other: 4 * 384 + 3 * 8 pixels wide.
 file(READ "${FOLDER}/flatten_background.png" header LIMIT 24 HEX)

@@ -1,11 +1,6 @@
 # Fails unless PROGRAM reports the grey values of the coins of PICTURE; writes into FOLDER.
-file(MAKE_DIRECTORY "${FOLDER}")
-execute_process(
-    COMMAND "${PROGRAM}" "${PICTURE}" --output "${FOLDER}/histogram_report.svg" --csv "${FOLDER}/histogram_report.csv"
-    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
-if(NOT status STREQUAL "0")
-    message(FATAL_ERROR "The exit status is ${status}: ${error}")
-endif()
+include("${CMAKE_CURRENT_LIST_DIR}/run_program.cmake")
+run_program("${PICTURE}" --output "${FOLDER}/histogram_report.svg" --csv "${FOLDER}/histogram_report.csv")
 
 # The background, its brighter part, the coins.
 if(NOT output MATCHES "Peaks +38[.0-9]* 8[78][.0-9]* 1(59|60)[.0-9]*\n")

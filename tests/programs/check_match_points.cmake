@@ -1,10 +1,6 @@
 # Fails unless PROGRAM matches most points rightly, and more of them than by taking the nearest; writes into FOLDER.
-file(MAKE_DIRECTORY "${FOLDER}")
-execute_process(COMMAND "${PROGRAM}" --output "${FOLDER}/match_points.svg"
-    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
-if(NOT status STREQUAL "0")
-    message(FATAL_ERROR "The exit status is ${status}: ${error}")
-endif()
+include("${CMAKE_CURRENT_LIST_DIR}/run_program.cmake")
+run_program(--output "${FOLDER}/match_points.svg")
 if(NOT output MATCHES "Nearest one left: ([0-9]+) of [0-9]+ pairs are right")
     message(FATAL_ERROR "There are no nearest points in:\n${output}")
 endif()

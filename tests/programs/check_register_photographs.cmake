@@ -1,10 +1,6 @@
 # Fails unless PROGRAM finds how the second photograph made from PICTURE lies to the first; writes into FOLDER.
-file(MAKE_DIRECTORY "${FOLDER}")
-execute_process(COMMAND "${PROGRAM}" "${PICTURE}" --output "${FOLDER}/register_photographs.png"
-    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
-if(NOT status STREQUAL "0")
-    message(FATAL_ERROR "The exit status is ${status}: ${error}")
-endif()
+include("${CMAKE_CURRENT_LIST_DIR}/run_program.cmake")
+run_program("${PICTURE}" --output "${FOLDER}/register_photographs.png")
 
 # Both photographs and the second one registered twice, beside each other: 4 * 512 + 3 * 8 pixels wide.
 file(READ "${FOLDER}/register_photographs.png" header LIMIT 24 HEX)

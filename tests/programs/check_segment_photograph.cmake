@@ -1,10 +1,6 @@
 # Fails unless PROGRAM cuts PICTURE into six segments and draws them beside it; writes into FOLDER.
-file(MAKE_DIRECTORY "${FOLDER}")
-execute_process(COMMAND "${PROGRAM}" "${PICTURE}" --output "${FOLDER}/segment_photograph.png"
-    RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE error)
-if(NOT status STREQUAL "0")
-    message(FATAL_ERROR "The exit status is ${status}: ${error}")
-endif()
+include("${CMAKE_CURRENT_LIST_DIR}/run_program.cmake")
+run_program("${PICTURE}" --output "${FOLDER}/segment_photograph.png")
 
 # Two pictures of 384 pixels and a gap of 8.
 file(READ "${FOLDER}/segment_photograph.png" header LIMIT 24 HEX)
