@@ -56,8 +56,8 @@ public:
 
     /// Opens a section inside the current one; see ArchiveSectionManager.
     ///
-    /// @throws OVRIXSerializationException when sections would be nested deeper than s_maxSectionDepth, when the name is
-    ///         longer than s_maxNameSize, or when an input archive holds something else
+    /// @throws OVRIXSerializationException when sections would be nested deeper than s_maxSectionDepth, when the name
+    ///         is longer than s_maxNameSize, or when an input archive holds something else
     void openSection(std::string_view name);
 
     /// Closes the current section.
@@ -70,8 +70,8 @@ public:
     std::size_t getSectionDepth() const;
 
     /// Where in the archive one is: "/", or the names of the open sections from the outermost to the current one, each
-    /// behind a "/". It is made for messages: of a name above 200 bytes the first 200 stand there, and "...", and control
-    /// characters and bytes that are no UTF-8 are escaped.
+    /// behind a "/". It is made for messages: of a name above 200 bytes the first 200 stand there, and "...", and
+    /// control characters and bytes that are no UTF-8 are escaped.
     std::string getSectionPath() const;
 
 protected:

@@ -26,8 +26,8 @@ class BaseSerializationObject;
 /// expected, what was found and in which section. Blocks carry their size only: one that was written as doubles and is
 /// asked for as integers of 8 bytes matches.
 ///
-/// An archive that has raised is of no further use. The value that was being read is as it was before; an object that can
-/// be not initialised is so, any other may have been read in part.
+/// An archive that has raised is of no further use. The value that was being read is as it was before; an object that
+/// can be not initialised is so, any other may have been read in part.
 class OVRIXSERIALIZATION_EXPORT BaseIArchive : public BaseArchive
 {
 public:
@@ -62,8 +62,8 @@ public:
     virtual void checkRemainingSize(std::size_t count, std::size_t elementSize) = 0;
 
     /// For how many of `count` elements of a container memory may be taken before they are read, once
-    /// checkRemainingSize() has let them pass. All that an archive grants together takes at most twice the memory of its
-    /// input, however its containers lie in each other. On an input of unknown length it grants nothing.
+    /// checkRemainingSize() has let them pass. All that an archive grants together takes at most twice the memory of
+    /// its input, however its containers lie in each other. On an input of unknown length it grants nothing.
     ///
     /// @param elementSize bytes of an element in memory
     std::size_t grantElements(std::size_t count, std::size_t elementSize);
@@ -110,8 +110,8 @@ private:
 template <class T>
 boost::shared_ptr<T> BaseIArchive::readObject(std::string_view name)
 {
-    // The end of the section raises where something else stands in its place; by then the object has to have an owner that
-    // is no return value, for which clang 14 forgets the destructor.
+    // The end of the section raises where something else stands in its place; by then the object has to have an owner
+    // that is no return value, for which clang 14 forgets the destructor.
     boost::shared_ptr<T> pTyped;
     {
         const ArchiveSectionManager section(*this, name);

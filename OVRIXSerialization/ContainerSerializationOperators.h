@@ -23,7 +23,7 @@
 /// |---|---|
 /// | `boost::shared_ptr<T>` | section "shared_ptr<" + `T::getTypeName()` + ">"; in it the object "pObject" |
 /// | `std::set<T>` | section "set"; in it "size", then "key" for each element in order |
-/// | `std::vector<T>` of numbers | section "vector"; in it "size", then "value" for each element in a text archive, one block in any other |
+/// | `std::vector<T>` of numbers | section "vector"; in it "size", then "value" for each element, a block in binary |
 /// | other `std::vector<T>`, also of `bool` | section "vector"; in it "size", then "value" for each element |
 /// | `std::map<K, V>` | section "map"; in it "size", then "key" and "value" for each pair in order |
 ///

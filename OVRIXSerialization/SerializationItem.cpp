@@ -28,8 +28,8 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BoolRes
     return archive;
 }
 
-// Objects come in large numbers, so their sections do without ArchiveSectionManager: it asks for exceptions that are under
-// way, which takes longer than writing an item. An exception leaves the section open here too.
+// Objects come in large numbers, so their sections do without ArchiveSectionManager: it asks for exceptions that are
+// under way, which takes longer than writing an item. An exception leaves the section open here too.
 
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<BaseSerializationObject>& item)
 {

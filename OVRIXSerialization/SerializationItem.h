@@ -134,8 +134,8 @@ std::enable_if_t<details::isObjectType<T>, BaseOArchive&> operator<<(BaseOArchiv
     return archive << SerializationOItem<BaseSerializationObject>(item.getName(), item.getValue());
 }
 
-/// Objects are read through their base. One that can be not initialised is so when anything raises, also behind its last
-/// item.
+/// Objects are read through their base. One that can be not initialised is so when anything raises, also behind its
+/// last item.
 template <class T>
 std::enable_if_t<details::isObjectType<T>, BaseIArchive&> operator>>(BaseIArchive& archive,
                                                                      const SerializationIItem<T>& item)

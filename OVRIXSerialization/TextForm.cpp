@@ -40,7 +40,7 @@ std::string formatNumber(T value)
     return std::string(text, result.ptr);
 }
 
-/// Reads a number that takes up the whole text. `std::from_chars` takes no blank and no plus sign, and neither does this.
+/// Reads a number that takes up the whole text. `std::from_chars` takes no blank and no plus sign, nor does this.
 template <class T, class... Base>
 bool parseNumber(std::string_view text, T& value, Base... base)
 {

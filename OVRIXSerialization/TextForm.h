@@ -82,9 +82,9 @@ struct TextCheck
     bool bComplete = false;
 };
 
-/// Looks for bytes that are no XML character in UTF-8, for references to entities other than the five that are predefined
-/// and to characters that XML doesn't have, and for tags in tags. Comments and processing instructions may hold
-/// ampersands.
+/// Looks for bytes that are no XML character in UTF-8, for references to entities other than the five that are
+/// predefined and to characters that XML doesn't have, and for tags in tags. Comments and processing instructions may
+/// hold ampersands.
 TextCheck checkText(std::string_view text);
 
 } // namespace details

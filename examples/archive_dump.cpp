@@ -1,5 +1,5 @@
-// Prints what an archive holds as an indented tree, whoever wrote it and in whichever of the two forms: for a look into a
-// file, and to see how far a damaged one can be read and where it breaks.
+// Prints what an archive holds as an indented tree, whoever wrote it and in whichever of the two forms: for a look into
+// a file, and to see how far a damaged one can be read and where it breaks.
 
 #include "support/CommandLine.h"
 
@@ -163,8 +163,8 @@ public:
         printLine(depth, "section " + quote(name));
     }
 
-    /// Of items with one name and type that stand behind each other, such as the elements of a vector, the first ones are
-    /// printed and the others counted.
+    /// Of items with one name and type that stand behind each other, such as the elements of a vector, the first ones
+    /// are printed and the others counted.
     void printItem(std::size_t depth, const ArchiveEntry& item, const std::string& value)
     {
         if (_nbEqualItems == 0 || item.type != _item.type || item.name != _item.name)

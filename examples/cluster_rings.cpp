@@ -1,6 +1,6 @@
-// Clusters two rings and two half moons in three ways: k-means cuts the plane by a straight line, kernel k-means bends the
-// line, spectral clustering follows the samples from neighbour to neighbour. Draws the samples in the colours of their
-// clusters, and behind them, for the first two ways, the cluster of every place of the plane.
+// Clusters two rings and two half moons in three ways: k-means cuts the plane by a straight line, kernel k-means bends
+// the line, spectral clustering follows the samples from neighbour to neighbour. Draws the samples in the colours of
+// their clusters, and behind them, for the first two ways, the cluster of every place of the plane.
 
 #include "support/CommandLine.h"
 #include "support/TextFile.h"

@@ -125,9 +125,9 @@ EstimationConfig makeConfig(const std::string& method, double height)
     return config;
 }
 
-/// Fits a Gaussian to the highest peak and its surroundings, down to half of its height. They are put on an axis on which
-/// they are at most 1 long and the peak is near 0: the fit works with fourth powers, which would cost grey values of some
-/// hundred all their digits. The unit is a power of two, so that classes and bounds are exact.
+/// Fits a Gaussian to the highest peak and its surroundings, down to half of its height. They are put on an axis on
+/// which they are at most 1 long and the peak is near 0: the fit works with fourth powers, which would cost grey values
+/// of some hundred all their digits. The unit is a power of two, so that classes and bounds are exact.
 Gaussian fitHighestPeak(const UInt64Vector& population, const std::string& method)
 {
     const auto peak = std::max_element(population.begin(), population.end());

@@ -1,6 +1,6 @@
-// Follows points from one frame to the next: points move along with a common current, each a little in its own way, some
-// get lost and new ones come in. Matches the two frames by an optimal partial matching and, beside it, in the plain
-// way, each point with the nearest one that is left. Draws both as lines.
+// Follows points from one frame to the next: points move along with a common current, each a little in its own way,
+// some get lost and new ones come in. Matches the two frames by an optimal partial matching and, beside it, in the
+// plain way, each point with the nearest one that is left. Draws both as lines.
 
 #include "support/CommandLine.h"
 #include "support/TextFile.h"

@@ -1,9 +1,9 @@
-// Registers two photographs of one scene: from matches of points, many of them wrong, finds the transform that takes the
-// first photograph onto the second.
+// Registers two photographs of one scene: from matches of points, many of them wrong, finds the transform that takes
+// the first photograph onto the second.
 //
 // The second photograph is made here, by a homography, so that the result can be held against the truth. The models are
-// this program's own: a homography and a similarity, each a class of a few lines. The library brings the robust fit, the
-// solvers and the transforms. What is fitted stands in the classes on top, how it is fitted in makeMethods() and fit().
+// this program's own: a homography and a similarity, each a class of a few lines. The library brings the robust fit,
+// the solvers and the transforms. What is fitted stands in the classes on top, how in makeMethods() and fit().
 
 #include "support/CommandLine.h"
 #include "support/GreyImage.h"

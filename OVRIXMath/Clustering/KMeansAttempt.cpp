@@ -229,9 +229,9 @@ void KMeansAttempt::sortUnsureByLabel()
 
 /// Lists the centres that may be nearest to samples of one label.
 ///
-/// Let a be the largest upper bound of the samples, widened for rounding, and g a lower bound of the gap between their own
-/// centre and the one next to it. Their own is within a of each sample. A centre whose distance from it exceeds 2 a + g is
-/// further than a + g from all of the samples, so that it is not theirs; how far it is at least, the result tells.
+/// Let a be the largest upper bound of the samples, widened for rounding, and g a lower bound of the gap between their
+/// own centre and the one next to it. Their own is within a of each sample. A centre whose distance from it exceeds
+/// 2 a + g is further than a + g from all samples, so that it is not theirs; how far it is at least, the result tells.
 ///
 /// @param[out] nbNear number of centres in `_nearCenters`
 /// @return lower bound of the distances between their own centre and those left out, s_max without any

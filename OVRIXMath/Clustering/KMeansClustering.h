@@ -27,12 +27,12 @@ namespace clustering
 /// Each attempt starts from the samples that generateKMeansPPInit() draws and runs computeKMeansAttempt(). An attempt
 /// that did not settle before the last iteration counts as failed. Clusters are numbered by decreasing population.
 ///
-/// The result depends on nothing but the samples, the configuration and the state of `RandomUniformGenerator::getGen()`,
-/// which is drawn from and never seeded here.
+/// The result depends on nothing but the samples, the configuration and the state of
+/// `RandomUniformGenerator::getGen()`, which is drawn from and never seeded here.
 ///
 /// Precondition of `compute` with two or more clusters: the samples are finite, and the sum of the squared distances of
-/// all samples to any one of them is finite and above 0, so not all are equal. The seeding draws a number below such a sum
-/// and does not return for others, see generateKMeansPPInit().
+/// all samples to any one of them is finite and above 0, so not all are equal. The seeding draws a number below such a
+/// sum and does not return for others, see generateKMeansPPInit().
 ///
 /// One object must not be used on two threads during `compute`, nor may two objects compute at the same time without
 /// care for the generator, which all share.

@@ -27,8 +27,8 @@ namespace clustering
 ///     std::cout << clustering.getAssignments()[0] << " " << clustering.getSeparation() << std::endl;
 /// ```
 ///
-/// Each attempt starts from the samples that generateKernelKMeansPPInit() draws and runs computeKernelKMeansAttempt(). An
-/// attempt that did not stop before the last iteration counts as failed, also when it stopped in it. Clusters are
+/// Each attempt starts from the samples that generateKernelKMeansPPInit() draws and runs computeKernelKMeansAttempt().
+/// An attempt that did not stop before the last iteration counts as failed, also when it stopped in it. Clusters are
 /// numbered by decreasing population.
 ///
 /// The result depends on nothing but the samples, the kernel, the configuration and the state of
@@ -42,8 +42,8 @@ namespace clustering
 /// cluster, and for each cluster twice the square of the size of its dictionary.
 ///
 /// One object must not be used on two threads during `compute`, nor may two objects compute at the same time without
-/// care for the generator, which all share. `computeAssignment` fills a cache of the centroids: threads may share it after
-/// a first call.
+/// care for the generator, which all share. `computeAssignment` fills a cache of the centroids: threads may share it
+/// after a first call.
 ///
 /// @tparam KernelType LinearKernel, PolynomialKernel, RadialBasisKernel or SigmoidKernel
 template <class KernelType>
@@ -77,8 +77,8 @@ public:
     /// Empties samples, centroids and labels; the numbers keep their values.
     void clear();
 
-    /// The label of the centroid nearest to `x`, see computeKernelAssignment(); `NumericLimits<ovUInt32>::s_max` while no
-    /// clustering is done.
+    /// The label of the centroid nearest to `x`, see computeKernelAssignment(); `NumericLimits<ovUInt32>::s_max` while
+    /// no clustering is done.
     ovUInt32 computeAssignment(const Vector& x) const;
 
     /// @name Results

@@ -17,9 +17,9 @@ namespace details
 
 /// The kernel values between the samples of a collection, laid out for speed.
 ///
-/// The coordinates stand in columns, so that a row of kernel values takes many samples at a time. Rows can be kept: what
-/// comes back to the same samples, such as the members of dictionaries over many iterations, evaluates the kernel for
-/// them once.
+/// The coordinates stand in columns, so that a row of kernel values takes many samples at a time. Rows can be kept:
+/// what comes back to the same samples, such as the members of dictionaries over many iterations, evaluates the kernel
+/// for them once.
 template <class KernelType>
 class KernelSamples
 {

@@ -92,7 +92,8 @@ public:
     /// @param estimParams getNbEstimParams() elements
     /// @param[in,out] residuals one element per datum, sized by the caller
     /// @return the failure of checkData() or that of the model, or success
-    /// @throws OVRIXMathException when initBase() has not run; when `residuals` has another size than a data set that is otherwise good
+    /// @throws OVRIXMathException when initBase() has not run; when `residuals` has another size than a data set that
+    ///         is otherwise good
     BoolResult computeResiduals(const DataSet& dataSet, const ParameterType& estimParams,
                                 ResidualsSet& residuals) const;
 

@@ -40,8 +40,8 @@ enum eRobustEstimationType : int
 ///
 /// An `init` that raises leaves the object not initialised. Copies share one data partition object.
 ///
-/// An archive is refused that holds values which its method uses and no `init` or setter accepts. Whenever reading raises, the object is not
-/// initialised then.
+/// An archive is refused that holds values which its method uses and no `init` or setter accepts. Whenever reading
+/// raises, the object is not initialised then.
 class OVRIXMATH_EXPORT EstimationConfig : public CopyableObject<EstimationConfig, BaseSerializationObject>
 {
 public:
@@ -52,8 +52,8 @@ public:
     ~EstimationConfig() override;
 
     /// Makes the object not initialised and resets the Gaussian's sigma and range factor to 0, the permission of plain
-    /// estimation to `true`, the success ratio to 0.99 and the partition to a new AdaptiveGridPartition. Method, threshold
-    /// and expected outlier ratio stay, and only their getters are closed.
+    /// estimation to `true`, the success ratio to 0.99 and the partition to a new AdaptiveGridPartition. Method,
+    /// threshold and expected outlier ratio stay, and only their getters are closed.
     void clear();
 
     /// @name Choice of the method

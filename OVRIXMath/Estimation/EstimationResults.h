@@ -48,9 +48,9 @@ public:
     /// For the estimation driver and for callers that run an estimation on their own.
     /// @{
 
-    /// Makes the object not initialised. Parameters and residuals are zeroed and keep their sizes, the flags are emptied,
-    /// the number of iterations is set to 0 and the configuration is cleared. The counts, the status, the mark of a
-    /// robust fit and the threshold stay, and only their getters are closed.
+    /// Makes the object not initialised. Parameters and residuals are zeroed and keep their sizes, the flags are
+    /// emptied, the number of iterations is set to 0 and the configuration is cleared. The counts, the status, the mark
+    /// of a robust fit and the threshold stay, and only their getters are closed.
     void clear();
 
     /// Fills the object with a failure. The arguments must not be parts of this object, which is cleared first.

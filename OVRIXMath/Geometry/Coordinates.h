@@ -21,8 +21,8 @@ namespace details
 template <class T, std::size_t Size>
 using Coordinates = std::array<T, Size>;
 
-/// Calls a function with the indexes of the axes, each a constant. A loop would be unrolled too late for the compiler to
-/// keep the coordinates in registers.
+/// Calls a function with the indexes of the axes, each a constant. A loop would be unrolled too late for the compiler
+/// to keep the coordinates in registers.
 template <std::size_t Size, class Function>
 auto forEachAxis(Function function)
 {

@@ -42,12 +42,13 @@ namespace details
 ///   reached in the pass, so their slacks need not be known. The others come from the NearRows of a visited column.
 ///
 /// The last two allow for rounding. Let the weights be at most A in magnitude, u the unit roundoff, K the number of
-/// changes of labels up to the end of the pass, at most one for each row more than so far, and N the sum of the changes by less than 0, which rounding alone causes. A row that is
-/// free keeps the label 0, so a free column keeps a label of at least its least weight; it starts from at most the
-/// largest one, hence the changes add up to 2A at most and all labels stay within 3A, as long as rounding amounts to
-/// less than A. A change then rounds a label or slack by less than 8A u, and an edge can fall below its weight by
-/// 32 K A u + N. The tolerance of 2^-52 (32 K + 256) A + 4N covers all that together. If it grows to A / 16, it becomes
-/// infinite, and with it everything is looked at. It is 0, on the other hand, where no sum is rounded.
+/// changes of labels up to the end of the pass, at most one for each row more than so far, and N the sum of the changes
+/// by less than 0, which rounding alone causes. A row that is free keeps the label 0, so a free column keeps a label of
+/// at least its least weight; it starts from at most the largest one, hence the changes add up to 2A at most and all
+/// labels stay within 3A, as long as rounding amounts to less than A. A change then rounds a label or slack by less
+/// than 8A u, and an edge can fall below its weight by 32 K A u + N. The tolerance of 2^-52 (32 K + 256) A + 4N covers
+/// all that together. If it grows to A / 16, it becomes infinite, and with it everything is looked at. It is 0, on the
+/// other hand, where no sum is rounded.
 class AssignmentSearch
 {
 public:

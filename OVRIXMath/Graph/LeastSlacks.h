@@ -36,8 +36,8 @@ public:
     /// @return the least ones in ascending order, the lower index first among equal ones, valid until the next call
     const std::vector<SlackEntry>& select(const double* labels, double label, const double* weights, std::size_t count);
 
-    /// A value above all slacks that were selected, or equal to the last, and below none of the others. Infinite if all
-    /// were selected.
+    /// A value above all slacks that were selected, or equal to the last, and above none of the others. Infinite only
+    /// if all were selected.
     double getBound() const
     {
         return _bound;

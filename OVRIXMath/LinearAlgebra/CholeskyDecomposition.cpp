@@ -1,4 +1,5 @@
 #include <OVRIXMath/LinearAlgebra/CholeskyDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
@@ -19,13 +20,13 @@ namespace
 /// Replaces the upper triangle of an n x n matrix by its Cholesky factor; `false` when it is not positive definite.
 bool factorize(std::size_t size, double* a)
 {
-    const auto n = static_cast<lapack_int>(size);
+    const auto n = details::toLapackSize(size);
     const lapack_int info = LAPACKE_dpotrf(LAPACK_ROW_MAJOR, 'U', n, a, n);
     OVRIXMATH_RAISE_UNLESS(info >= 0, eLinearAlgebraMessage, 11);
     return info == 0;
 }
 
-/// Copies the upper triangle of an n x n matrix onto the lower one, block by block: the elements of a column are far apart.
+/// Copies the upper triangle of an n x n matrix onto the lower one, in blocks: the elements of a column are far apart.
 void mirrorUpperTriangle(std::size_t n, double* a)
 {
     constexpr std::size_t blockSize = 32;
@@ -73,7 +74,7 @@ bool choleskyInverse(Matrix& A)
     if (!factorize(n, a))
         return false;
     // The outcome is left alone, and that is meant: a finite factor with a positive diagonal has an inverse.
-    LAPACKE_dpotri(LAPACK_ROW_MAJOR, 'U', static_cast<lapack_int>(n), a, static_cast<lapack_int>(n));
+    LAPACKE_dpotri(LAPACK_ROW_MAJOR, 'U', details::toLapackSize(n), a, details::toLapackSize(n));
     mirrorUpperTriangle(n, a);
     return true;
 }

@@ -8,8 +8,8 @@
 ///
 /// Only the upper triangle of A is read. Sizes are checked first; whatever is raised by such a check leaves the outputs
 /// unchanged. `false` means that the matrix is not positive definite; the outputs then hold nothing usable. A 0 x 0
-/// matrix succeeds. A failure of LAPACK of any other kind raises; NaN in the upper triangle is such a failure. Infinities
-/// are not looked for: they may give `true` and outputs that hold nothing usable.
+/// matrix succeeds. A failure of LAPACK of any other kind raises; NaN in the upper triangle is such a failure.
+/// Infinities are not looked for: they may give `true` and outputs that hold nothing usable.
 ///
 /// The input and the output may be one object.
 

@@ -1,4 +1,5 @@
 #include <OVRIXMath/LinearAlgebra/EigenDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
@@ -254,7 +255,7 @@ ovUInt32 eigenDecomposition(const Matrix& A, Vector& w, Matrix& V)
     OVRIXMATH_RAISE_UNLESS(V.size1() == V.size2(), eLinearAlgebraMessage, 3, V.size1(), V.size2());
     OVRIXMATH_RAISE_UNLESS(V.size1() == A.size1(), eLinearAlgebraMessage, 5, V.size1(), V.size2(), A.size1(),
                            A.size2());
-    const auto n = static_cast<lapack_int>(A.size2());
+    const auto n = details::toLapackSize(A.size2());
     if (n == 0)
         return 0;
 
@@ -276,13 +277,13 @@ void eigenPartialDecomposition(const Matrix& A, Vector& w, Matrix& V)
     OVRIXMATH_RAISE_UNLESS(V.size2() == w.size(), eLinearAlgebraMessage, 2, V.size2(), w.size());
     OVRIXMATH_RAISE_UNLESS(V.size1() == A.size1(), eLinearAlgebraMessage, 5, V.size1(), V.size2(), A.size1(),
                            A.size2());
-    const auto n = static_cast<lapack_int>(A.size2());
+    const auto n = details::toLapackSize(A.size2());
     if (n == 0)
         return;
     // LAPACK refuses an empty range of indices too, but it prints about it first.
     OVRIXMATH_RAISE_UNLESS(!w.empty(), eLinearAlgebraMessage, 11);
 
-    const auto q = static_cast<lapack_int>(w.size());
+    const auto q = details::toLapackSize(w.size());
     details::MatrixBuffer a = details::copyOf(A);
     details::VectorBuffer wtmp(A.size2(), 0.0);
     details::IndexBuffer<lapack_int> isuppz(2 * w.size(), details::uninitialised);

@@ -22,8 +22,8 @@ namespace math
 /// All eigenvalues and eigenvectors of a symmetric matrix: A V = V diag(w).
 ///
 /// A V = V diag(w) holds to within some n eps |A|, and so do the right angles between eigenvectors, but for one case:
-/// where eigenvalues of both signs reach over many decades, those of the vectors of nearly vanishing eigenvalues keep half
-/// of the digits only.
+/// where eigenvalues of both signs reach over many decades, those of the vectors of nearly vanishing eigenvalues keep
+/// half of the digits only.
 ///
 /// @param A n x n
 /// @param[out] w n elements, in rising order
@@ -60,16 +60,16 @@ OVRIXMATH_EXPORT void eigenDecomposition(double a, double b, double c, double& m
 /// right-handed system.
 ///
 /// A matrix with b^2 + c^2 + e^2 below tol^2 counts as diagonal: its diagonal in rising order, and the axes, which need
-/// not be a right-handed system then. Equal eigenvalues have orthonormal eigenvectors all the same, and their order holds
-/// to within rounding.
+/// not be a right-handed system then. Equal eigenvalues have orthonormal eigenvectors all the same, and their order
+/// holds to within rounding.
 ///
-/// Accuracy for a largest absolute eigenvalue of about 1, with eps the machine epsilon and `gap` the distance of the two
-/// nearest eigenvalues: the eigenvalues, A v = l v and the right angles between eigenvectors hold to within 10 eps / gap,
-/// and never worse than to within 4 sqrt(eps). So eigenvalues that nearly coincide are known to half of the type's digits,
-/// and their vectors, within the plane that the two span, to about 10 eps / gap^2. Where that distance times the distance
-/// to the third eigenvalue is below about tol, the two count as equal: any two vectors square to each other stand for
-/// theirs. Of three eigenvalues within sqrt(tol) of each other, as matrices of such small elements have them, fixed
-/// directions stand for all vectors.
+/// Accuracy for a largest absolute eigenvalue of about 1, with eps the machine epsilon and `gap` the distance of the
+/// two nearest eigenvalues: the eigenvalues, A v = l v and the right angles between eigenvectors hold to within
+/// 10 eps / gap, and never worse than to within 4 sqrt(eps). So eigenvalues that nearly coincide are known to half of
+/// the type's digits, and their vectors, within the plane that the two span, to about 10 eps / gap^2. Where that
+/// distance times the distance to the third eigenvalue is below about tol, the two count as equal: any two vectors
+/// square to each other stand for theirs. Of three eigenvalues within sqrt(tol) of each other, as matrices of such
+/// small elements have them, fixed directions stand for all vectors.
 ///
 /// @tparam T `float` or `double`
 /// @param a, b, c, d, e, f elements of the matrix
@@ -82,8 +82,8 @@ OVRIXMATH_EXPORT void eigenDecomposition(T a, T b, T c, T d, T e, T f, T& l0, T&
 /// As above, with the orientation of the eigenvectors as three angles.
 ///
 /// With R the matrix whose rows are v0, v1, v2, the angles are those of R = Rz(psi) Ry(theta) Rx(phi). Where theta
-/// comes to a right angle, to within tol in its sine, psi is 0. Of NaN in the matrix, the eigenvalues and phi become NaN,
-/// unless the matrix counts as diagonal.
+/// comes to a right angle, to within tol in its sine, psi is 0. Of NaN in the matrix, the eigenvalues and phi become
+/// NaN, unless the matrix counts as diagonal.
 ///
 /// @tparam T `float` or `double`
 /// @param a, b, c, d, e, f elements of the matrix

@@ -1,4 +1,5 @@
 #include <OVRIXMath/LinearAlgebra/LUDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
@@ -21,7 +22,7 @@ using Pivots = boost::numeric::ublas::unbounded_array<lapack_int>;
 bool triangularInverse(Matrix& A, char uplo)
 {
     OVRIXMATH_RAISE_UNLESS(A.size1() == A.size2(), eLinearAlgebraMessage, 3, A.size1(), A.size2());
-    const auto n = static_cast<lapack_int>(A.size2());
+    const auto n = details::toLapackSize(A.size2());
     if (n == 0)
         return true;
     const lapack_int info = LAPACKE_dtrtri(LAPACK_ROW_MAJOR, uplo, 'N', n, A.data().begin(), n);
@@ -36,7 +37,7 @@ bool luSolve(const Matrix& A, const Vector& b, Vector& x)
     OVRIXMATH_RAISE_UNLESS(A.size1() == A.size2(), eLinearAlgebraMessage, 3, A.size1(), A.size2());
     OVRIXMATH_RAISE_UNLESS(b.size() == A.size2(), eLinearAlgebraMessage, 10, A.size2(), b.size());
     OVRIXMATH_RAISE_UNLESS(x.size() == A.size2(), eLinearAlgebraMessage, 2, A.size2(), x.size());
-    const auto n = static_cast<lapack_int>(A.size2());
+    const auto n = details::toLapackSize(A.size2());
     if (n == 0)
         return true;
 
@@ -57,7 +58,7 @@ bool luSolve(const Matrix& A, const Vector& b, Vector& x)
 bool luInverse(Matrix& A)
 {
     OVRIXMATH_RAISE_UNLESS(A.size1() == A.size2(), eLinearAlgebraMessage, 3, A.size1(), A.size2());
-    const auto n = static_cast<lapack_int>(A.size2());
+    const auto n = details::toLapackSize(A.size2());
     if (n == 0)
         return true;
 

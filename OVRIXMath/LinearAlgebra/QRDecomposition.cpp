@@ -1,3 +1,4 @@
+#include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/QRDecomposition.h>
 #include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
@@ -22,11 +23,11 @@ bool qrSolve(const Matrix& A, const Vector& b, Vector& x)
     OVRIXMATH_RAISE_UNLESS(x.size() == n, eLinearAlgebraMessage, 2, n, x.size());
     if (m == 0)
         return true;
-    const auto columns = static_cast<lapack_int>(n);
+    const auto columns = details::toLapackSize(n);
     details::MatrixBuffer a = details::copyOf(A);
     details::VectorBuffer work = details::copyOf(b);
     const lapack_int info =
-        LAPACKE_dgels(LAPACK_ROW_MAJOR, 'N', static_cast<lapack_int>(m), columns, 1, a.data(), columns, work.data(), 1);
+        LAPACKE_dgels(LAPACK_ROW_MAJOR, 'N', details::toLapackSize(m), columns, 1, a.data(), columns, work.data(), 1);
     OVRIXMATH_RAISE_UNLESS(info >= 0, eLinearAlgebraMessage, 11);
     if (info > 0)
         return false;
@@ -43,9 +44,9 @@ void qrDecomposition(const Matrix& A, Matrix& Q, Matrix& R)
     OVRIXMATH_RAISE_UNLESS(R.size1() == k && R.size2() == n, eLinearAlgebraMessage, 5, R.size1(), R.size2(), k, n);
     if (k == 0)
         return;
-    const auto rows = static_cast<lapack_int>(m);
-    const auto columns = static_cast<lapack_int>(n);
-    const auto reflectors = static_cast<lapack_int>(k);
+    const auto rows = details::toLapackSize(m);
+    const auto columns = details::toLapackSize(n);
+    const auto reflectors = details::toLapackSize(k);
     details::MatrixBuffer work = details::copyOf(A);
     double* const a = work.data();
     details::VectorBuffer tau(k, details::uninitialised);

@@ -6,8 +6,8 @@
 /// @file
 /// QR decomposition and the least-squares solution that rests on it, by LAPACK's Householder reflections.
 ///
-/// Sizes are checked first; whatever is raised by such a check leaves the outputs unchanged. A failure of LAPACK raises;
-/// NaN in an input is such a failure.
+/// Sizes are checked first; whatever is raised by such a check leaves the outputs unchanged. A failure of LAPACK
+/// raises; NaN in an input is such a failure.
 
 namespace ovrix
 {

@@ -1,3 +1,4 @@
+#include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/SingularValueDecomposition.h>
 #include <OVRIXMath/LinearAlgebra/SvdSolver.h>
@@ -16,6 +17,7 @@ namespace math
 
 using details::copyOf;
 using details::MatrixBuffer;
+using details::toLapackSize;
 using details::uninitialised;
 using details::VectorBuffer;
 
@@ -29,10 +31,10 @@ void decompose(char jobu, char jobvt, std::size_t m, std::size_t n, double* a, d
                double* vt)
 {
     OVRIXMATH_RAISE_UNLESS(details::doesSvdEnd(m, n, a), eLinearAlgebraMessage, 11);
-    const auto columns = static_cast<lapack_int>(n);
+    const auto columns = toLapackSize(n);
     VectorBuffer superb(std::min(m, n) - 1, uninitialised);
-    const lapack_int info = LAPACKE_dgesvd(LAPACK_ROW_MAJOR, jobu, jobvt, static_cast<lapack_int>(m), columns, a,
-                                           columns, s, u, static_cast<lapack_int>(ldu), vt, columns, superb.data());
+    const lapack_int info = LAPACKE_dgesvd(LAPACK_ROW_MAJOR, jobu, jobvt, toLapackSize(m), columns, a, columns, s, u,
+                                           toLapackSize(ldu), vt, columns, superb.data());
     OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
 }
 
@@ -54,8 +56,7 @@ ovUInt32 svdSolve(const Matrix& A, const Vector& b, Vector& x)
     OVRIXMATH_RAISE_UNLESS(x.size() == n, eLinearAlgebraMessage, 2, n, x.size());
     MatrixBuffer a = copyOf(A);
     VectorBuffer work = copyOf(b);
-    const ovUInt32 rank =
-        details::svdSolveInPlace(static_cast<ovUInt32>(m), static_cast<ovUInt32>(n), 1, a.data(), work.data());
+    const ovUInt32 rank = details::svdSolveInPlace(m, n, 1, a.data(), work.data());
     std::copy_n(work.begin(), n, x.data().begin());
     return rank;
 }
@@ -71,8 +72,7 @@ ovUInt32 svdSolve(const Matrix& A, const Matrix& B, Matrix& X)
     OVRIXMATH_RAISE_UNLESS(X.size2() == nrhs, eLinearAlgebraMessage, 0, X.size2(), nrhs);
     MatrixBuffer a = copyOf(A);
     MatrixBuffer work = copyOf(B);
-    const ovUInt32 rank = details::svdSolveInPlace(static_cast<ovUInt32>(m), static_cast<ovUInt32>(n),
-                                                   static_cast<ovUInt32>(nrhs), a.data(), work.data());
+    const ovUInt32 rank = details::svdSolveInPlace(m, n, nrhs, a.data(), work.data());
     std::copy_n(work.begin(), n * nrhs, X.data().begin());
     return rank;
 }

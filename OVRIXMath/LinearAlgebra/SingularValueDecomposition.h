@@ -10,7 +10,7 @@
 /// caller gave them, and whatever is raised by such a check leaves them unchanged. A matrix of deficient rank is no
 /// failure: the returned rank tells. It is the number of singular values above `s[0] * tol`, s[0] being the largest and
 /// tol NumericLimits<double>::s_sqrt_eps. A failure of LAPACK raises; NaN in an input is such a failure, and so is an
-/// infinity in A when k is above 2, where LAPACK could run for ever. Other infinities give whatever LAPACK makes of them.
+/// infinity in A when k is above 2, where LAPACK could run for ever. Of other infinities LAPACK makes what it will.
 
 namespace ovrix
 {

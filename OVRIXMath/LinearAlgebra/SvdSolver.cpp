@@ -1,3 +1,4 @@
+#include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/SvdSolver.h>
 #include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
@@ -16,15 +17,15 @@ namespace math
 namespace details
 {
 
-ovUInt32 svdSolveInPlace(ovUInt32 nbRows, ovUInt32 nbColumns, ovUInt32 nbRhs, double* a, double* b)
+ovUInt32 svdSolveInPlace(std::size_t nbRows, std::size_t nbColumns, std::size_t nbRhs, double* a, double* b)
 {
     OVRIXMATH_RAISE_UNLESS(nbRows >= nbColumns, eLinearAlgebraMessage, 7, nbRows, nbColumns);
     if (nbRows == 0)
         return 0;
     OVRIXMATH_RAISE_UNLESS(doesSvdEnd(nbRows, nbColumns, a), eLinearAlgebraMessage, 11);
-    const auto m = static_cast<lapack_int>(nbRows);
-    const auto n = static_cast<lapack_int>(nbColumns);
-    const auto nrhs = static_cast<lapack_int>(nbRhs);
+    const auto m = toLapackSize(nbRows);
+    const auto n = toLapackSize(nbColumns);
+    const auto nrhs = toLapackSize(nbRhs);
     VectorBuffer s(nbColumns, uninitialised);
     lapack_int rank = 0;
     const lapack_int info =

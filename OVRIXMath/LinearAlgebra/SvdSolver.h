@@ -26,12 +26,12 @@ namespace details
 /// @return the rank of A, 0 without equations
 /// @throws OVRIXMathException when m < n, when LAPACK fails, NaN in A or B being such a failure, or when A could keep
 ///         LAPACK busy for ever, see doesSvdEnd()
-ovUInt32 svdSolveInPlace(ovUInt32 nbRows, ovUInt32 nbColumns, ovUInt32 nbRhs, double* a, double* b);
+ovUInt32 svdSolveInPlace(std::size_t nbRows, std::size_t nbColumns, std::size_t nbRhs, double* a, double* b);
 
 /// Whether LAPACK is sure to finish a singular value decomposition of `a`.
 ///
-/// Infinities turn into NaN within LAPACK, and its QR sweeps never settle on NaN. With at most two singular values there
-/// are no sweeps.
+/// Infinities turn into NaN within LAPACK, and its QR sweeps never settle on NaN. With at most two singular values
+/// there are no sweeps.
 bool doesSvdEnd(std::size_t nbRows, std::size_t nbColumns, const double* a);
 
 } // namespace details

@@ -113,8 +113,8 @@ protected:
     /// Evaluates all equations.
     ///
     /// The sizes have been checked. Every element must be written, and in place: an assignment that gives `equations`
-    /// other storage, such as `equations = prod(a, params)`, takes the solver's array away and makes the solve fail with
-    /// Optimization message 19; `noalias(equations) = prod(a, params)` is right.
+    /// other storage, such as `equations = prod(a, params)`, takes the solver's array away and makes the solve fail
+    /// with Optimization message 19; `noalias(equations) = prod(a, params)` is right.
     ///
     /// @return success, or a failure whose text says why the equations have no value at `params`; a solve ends there
     virtual BoolResult processEquations(const Vector& params, Vector& equations) const = 0;

@@ -31,10 +31,10 @@ struct Outcome
     int messageId;
 };
 
-template <class Container>
-void setToZero(Container& container)
+template <class... Containers>
+void setToZero(Containers&... containers)
 {
-    std::fill(container.data().begin(), container.data().end(), 0.0);
+    (std::fill(containers.data().begin(), containers.data().end(), 0.0), ...);
 }
 
 /// The vector whose storage the array is; `preferred` wins when both are. Null when neither is.
@@ -89,8 +89,8 @@ Outcome interpret(int info, const Vector& equations)
 
 /// minPackProxy() with the signature that lmder calls: x comes as constant, though it is always storage of the solver.
 ///
-/// What a cost function throws unwinds lmder, which holds nothing that would have to be released; code for x86-64 carries
-/// the tables for that in any language.
+/// What a cost function throws unwinds lmder, which holds nothing that would have to be released; code for x86-64
+/// carries the tables for that in any language.
 int callMinPackProxy(void* p, int m, int n, const double* x, double* fvec, double* fjac, int ldfjac, int iflag)
 {
     return NonLinearSolver::minPackProxy(p, m, n, const_cast<double*>(x), fvec, fjac, ldfjac, iflag);
@@ -112,10 +112,7 @@ OptResult NonLinearSolver::solve(const CostFunctionConstPtr& pCostFunction, cons
     _trialEquations.resize(m, false);
     _jacobian.resize(n, m, false);
     // An evaluation that leaves elements unwritten finds the same in them at every solve.
-    setToZero(_equations);
-    setToZero(_trialParams);
-    setToZero(_trialEquations);
-    setToZero(_jacobian);
+    setToZero(_equations, _trialParams, _trialEquations, _jacobian);
 
     details::IndexBuffer<int> ipvt(n, details::uninitialised);
     details::VectorBuffer diag(n, details::uninitialised);
@@ -134,10 +131,7 @@ OptResult NonLinearSolver::solve(const CostFunctionConstPtr& pCostFunction, cons
 
     const Outcome outcome = interpret(info, _equations);
     _status = outcome.status;
-    setToZero(_equations);
-    setToZero(_trialParams);
-    setToZero(_trialEquations);
-    setToZero(_jacobian);
+    setToZero(_equations, _trialParams, _trialEquations, _jacobian);
 
     // The placeholder of texts 17 and 18 stays unfed: the reason in _errorMsg is kept out of them on purpose.
     return {_status, ovrix::details::formatMessage<eOptimizationMessage::domain>(getOVRIXMathLogMessageManager(),

@@ -38,9 +38,9 @@ struct OptResult
 ///
 /// The method is `lmder` of MINPACK (J. J. More, "The Levenberg-Marquardt algorithm: implementation and theory", 1978)
 /// with its own scaling of the parameters. Its arrays are the storage of this class's vectors and matrix, and its
-/// callback finds the vector by the address of the array: an evaluation copies and allocates nothing. With n parameters,
-/// m equations, the parameters x, the equations f and the square root of machine epsilon as `tol`, a solve converges
-/// when
+/// callback finds the vector by the address of the array: an evaluation copies and allocates nothing. With n
+/// parameters, m equations, the parameters x, the equations f and the square root of machine epsilon as `tol`, a solve
+/// converges when
 ///
 /// - the sum of squares settles: its relative reduction, actual and predicted, is at most `tol` (message 9),
 /// - the parameters settle: the trust region is at most `tol ||D x||` wide (message 10), or both (message 11),
@@ -69,12 +69,12 @@ public:
     /// | `eOS_Failed` | 20 | any other reason |
     ///
     /// A gradient that vanishes is a failure as soon as one equation is left over, so a start at the very minimum of a
-    /// problem with residuals fails. Texts 17 and 18 end where the reason would stand: the cost function's own text never
-    /// reaches them. Both are meant and callers rely on it.
+    /// problem with residuals fails. Texts 17 and 18 end where the reason would stand: the cost function's own text
+    /// never reaches them. Both are meant and callers rely on it.
     ///
-    /// Raises Optimization message 5 on a null pointer, 0 on a cost function that is not initialised, and 3 at the first
-    /// evaluation when the size of `initParams` is not its number of parameters. What a cost function throws reaches the
-    /// caller as it is. There is no result then, and the solver may be used again.
+    /// Raises Optimization message 5 on a null pointer, 0 on a cost function that is not initialised, and 3 at the
+    /// first evaluation when the size of `initParams` is not its number of parameters. What a cost function throws
+    /// reaches the caller as it is. There is no result then, and the solver may be used again.
     ///
     /// @param pCostFunction the problem; the solver holds it until clearResults()
     /// @param initParams n values. This must not be the vector that getEstimParams() refers to, which is cleared first:
@@ -91,8 +91,8 @@ public:
     /// Raises Optimization message 4 unless the last solve ended with `eOS_Converged` or `eOS_Stopped`.
     const Vector& getEstimParams() const;
 
-    /// Goes back to the state of no result: releases the cost function and sets the estimated parameters to zero, keeping
-    /// their number.
+    /// Goes back to the state of no result: releases the cost function and sets the estimated parameters to zero,
+    /// keeping their number.
     void clearResults();
 
     /// Callback of `lmder`, which hands its own arrays to it.
@@ -102,9 +102,9 @@ public:
     /// @param fvec output for `iflag` 1: storage of the equations at the estimate or at the trial point
     /// @param fjac output for `iflag` 2: storage of the Jacobian
     /// @param iflag 1 evaluates the equations, 2 the Jacobian, any other value nothing
-    /// @return 0 to go on; -1 when the limit of iterations has been exceeded, which is looked at first; -2 and -3 when the
-    ///         equations, or the Jacobian, could not be evaluated; -4 when an array is none of the above. The sizes `m`,
-    ///         `n` and `ldfjac` are not looked at
+    /// @return 0 to go on; -1 when the limit of iterations has been exceeded, which is looked at first; -2 and -3 when
+    ///         the equations, or the Jacobian, could not be evaluated; -4 when an array is none of the above. The sizes
+    ///         `m`, `n` and `ldfjac` are not looked at
     static int minPackProxy(void* p, int m, int n, double* x, double* fvec, double* fjac, int ldfjac, int iflag);
 
 private:

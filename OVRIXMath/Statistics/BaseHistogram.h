@@ -41,8 +41,8 @@ using UInt64Vector = std::vector<unsigned long>;
 /// shorter, with a population for each, and bins for what lies outside where the policy gives it some.
 ///
 /// A class is a part of the interval; a bin is an entry of the table of populations. Class i stands at bin
-/// `i + getInBoundsBinOffset()`; which bins there are besides is told by eHistogramOutOfBoundsPolicy. The middle of bin b
-/// is `(b - offset + 0.5) * width + first`, also of the bins outside of the interval, and that of the last class the
+/// `i + getInBoundsBinOffset()`; which bins there are besides is told by eHistogramOutOfBoundsPolicy. The middle of bin
+/// b is `(b - offset + 0.5) * width + first`, also of the bins outside of the interval, and that of the last class the
 /// middle between its start and `last`, unless it is the only class.
 ///
 /// ```cpp
@@ -54,11 +54,11 @@ using UInt64Vector = std::vector<unsigned long>;
 /// const ovUInt32 median = histogram.getQuantileClassIdx(0.5);
 /// ```
 ///
-/// Everything that reads bins raises Statistics message 8 while there are none: before the histogram has been set up, and
-/// after clear() or clearData().
+/// Everything that reads bins raises Statistics message 8 while there are none: before the histogram has been set up,
+/// and after clear() or clearData().
 ///
-/// Constant functions fill a table of cumulated populations where it is still empty, without a lock: a histogram must not
-/// be read on two threads before updateCumulated().
+/// Constant functions fill a table of cumulated populations where it is still empty, without a lock: a histogram must
+/// not be read on two threads before updateCumulated().
 ///
 /// Reading from an archive raises an OVRIXSerializationException when the archive was written by a newer version of the
 /// class, or holds tables and indices that do not fit together. Whenever reading raises, the histogram is as after
@@ -98,8 +98,8 @@ public:
     ///
     /// @param population one entry per bin, those outside of the interval included, see computeHistogramNbBins(); not
     ///        the population of this histogram, which is emptied first
-    /// @throws OVRIXMathException as updateHistogramParams() does, then Statistics message 9 for a population of another
-    ///         size, which leaves all populations 0
+    /// @throws OVRIXMathException as updateHistogramParams() does, then Statistics message 9 for a population of
+    ///         another size, which leaves all populations 0
     void initFromExisting(ovReal64 first, ovReal64 last, ovReal64 binWidth, const UInt64Vector& population,
                           const eHistogramOutOfBoundsPolicy& policy);
 
@@ -207,8 +207,8 @@ public:
     /// The maxima that rise by more than `dilateFactor`, see findLocalDilatedExtrema(), ascending by their ranges of
     /// bins.
     ///
-    /// The population of a range is that of all its bins, its coordinate their mean middle, weighted by the populations,
-    /// and 0 for a range of empty bins. A coordinate outside of the interval gives the bin outside of it.
+    /// The population of a range is that of all its bins, its coordinate their mean middle, weighted by the
+    /// populations, and 0 for a range of empty bins. A coordinate outside of the interval gives the bin outside of it.
     ///
     /// @throws OVRIXMathException, Statistics message 5, under `eEBP_Periodic` for a range that runs across the end
     std::vector<HistogramExtrema> findLocalDilatedMaxima(unsigned long dilateFactor, const eExtremaBorderPolicy& policy,
@@ -224,8 +224,8 @@ public:
     /// Of the data behind the histogram: each counted one is a sample of one coordinate, the middle of its bin. Memory
     /// and time grow with the total population.
     ///
-    /// The result is done unless all attempts failed, to be asked by `isClusteringDone()`. Data that lie in one bin make
-    /// equal samples, which cannot be cut in two, see KMeansClustering.
+    /// The result is done unless all attempts failed, to be asked by `isClusteringDone()`. Data that lie in one bin
+    /// make equal samples, which cannot be cut in two, see KMeansClustering.
     ///
     /// @param nbClusters at least 1, else raises Clustering message 11; above the number of samples raises Statistics
     ///                   message 14
@@ -299,9 +299,9 @@ private:
 };
 
 /// Writes a table separated by semicolons: the header "ClassMin;ClassMax;Population;", then a line per class with its
-/// bounds and its population. A bin before the classes comes first, as "LowerOutOfBoundsData" in place of both bounds, one
-/// behind them comes last, as "UpperOutOfBoundsData", or as "OutOfBoundsData" if it serves both sides; the latter also
-/// follows a single class under `eHOOBP_Nearest`, which is meant. Each line ends with a semicolon.
+/// bounds and its population. A bin before the classes comes first, as "LowerOutOfBoundsData" in place of both bounds,
+/// one behind them comes last, as "UpperOutOfBoundsData", or as "OutOfBoundsData" if it serves both sides; the latter
+/// also follows a single class under `eHOOBP_Nearest`, which is meant. Each line ends with a semicolon.
 ///
 /// Without bins it writes the line "Histogram not initialized".
 OVRIXMATH_EXPORT std::ostream& operator<<(std::ostream& stream, const BaseHistogram& histogram);

@@ -50,8 +50,8 @@ public:
         value = _population[binIdx];
     }
 
-    /// Those of a range of bins: the mean middle, weighted by the populations, and their sum. Raises Statistics message 5
-    /// for a range that runs across the end.
+    /// Those of a range of bins: the mean middle, weighted by the populations, and their sum. A range that runs across
+    /// the end raises Statistics message 5.
     void rangeToExtremaCoords(const ExtremaRange& range, ovReal64& coord, unsigned long& value) const
     {
         coord = 0.0;

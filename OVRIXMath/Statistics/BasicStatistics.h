@@ -21,8 +21,8 @@ OVRIXMATH_EXPORT ovReal64 mean(const std::vector<T>& values);
 
 /// The population variance, that is with divisor n; 0 for an empty collection.
 ///
-/// Computed in one pass by a running update of the mean (B. P. Welford, "Note on a Method for Calculating Corrected Sums
-/// of Squares and Products", 1962), which stays accurate where the mean is large against the deviation.
+/// Computed in one pass by a running update of the mean (B. P. Welford, "Note on a Method for Calculating Corrected
+/// Sums of Squares and Products", 1962), which stays accurate where the mean is large against the deviation.
 template <class T>
 OVRIXMATH_EXPORT ovReal64 variance(const std::vector<T>& values);
 
@@ -39,10 +39,10 @@ OVRIXMATH_EXPORT std::pair<ovReal64, ovReal64> meanAndVariance(const std::vector
 
 /// Pearson's coefficient of correlation, `cov(x, y) / sqrt(var(x) var(y))`.
 ///
-/// The covariance comes from a running update, the variances from raw moments, `var(x) = sum(x^2) / n - mean(x)^2`. Their
-/// squares are formed in T before they are widened: integers wrap around at 8, 16 or 32 bits, `float` is rounded to
-/// single precision. So the coefficient of integers whose squares T cannot hold (16 and above for `unsigned char`) is a
-/// different one from that of the widened data. This is meant; widen the collections for the true coefficient.
+/// The covariance comes from a running update, the variances from raw moments, `var(x) = sum(x^2) / n - mean(x)^2`.
+/// Their squares are formed in T before they are widened: integers wrap around at 8, 16 or 32 bits, `float` is rounded
+/// to single precision. So the coefficient of integers whose squares T cannot hold (16 and above for `unsigned char`)
+/// is a different one from that of the widened data. This is meant; widen the collections for the true coefficient.
 ///
 /// Raises Statistics message 0 with the two sizes if they differ.
 ///

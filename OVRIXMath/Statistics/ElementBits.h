@@ -59,8 +59,8 @@ struct SingleBits
 
 constexpr SingleBits g_singleBits;
 
-/// For which of 64 pairs of elements a relation holds. Written so that the compiler takes several pairs at once: by way of
-/// whole words for `double`, of bytes for smaller types.
+/// For which of 64 pairs of elements a relation holds. Written so that the compiler takes several pairs at once: by way
+/// of whole words for `double`, of bytes for smaller types.
 template <class T, class Relation>
 inline Word compareWord(const T* a, const T* b, Relation relation)
 {

@@ -40,10 +40,10 @@ OVRIXMATH_EXPORT void filterExtrema(const eExtremaType& type, ovReal64 minDistan
 
 /// Coordinate and value of the middle of a range (s, l), for filterExtrema().
 ///
-/// The coordinate is `s + l / 2`. The value is the mean of the elements at `s + l / 2` and `s + (l + 1) / 2`, both rounded
-/// down: integers are added in their promoted type, where 32 and 64-bit ones wrap around, and divided toward zero. Each of
-/// the three positions is reduced by n where it reaches n. So a range of length 1 gives s + 0.5 and takes in the element
-/// behind it, which is meant: both belong to the upper edge of the element.
+/// The coordinate is `s + l / 2`. The value is the mean of the elements at `s + l / 2` and `s + (l + 1) / 2`, both
+/// rounded down: integers are added in their promoted type, where 32 and 64-bit ones wrap around, and divided toward
+/// zero. Each of the three positions is reduced by n where it reaches n. So a range of length 1 gives s + 0.5 and takes
+/// in the element behind it, which is meant: both belong to the upper edge of the element.
 ///
 /// @pre `values` has n > 0 elements, and the range starts and ends within two turns, that is `s + (l + 1) / 2 < 2 n`
 template <class T>

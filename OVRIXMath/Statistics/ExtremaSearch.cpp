@@ -112,8 +112,8 @@ std::size_t previousIndex(std::size_t n)
     return direction == Direction::eForward ? n - 1 : 0;
 }
 
-/// How each element compares with the one before it. Of the first one nothing is set, nor between an element that is NaN
-/// and its neighbours.
+/// How each element compares with the one before it. Of the first one nothing is set, nor between an element that is
+/// NaN and its neighbours.
 class Comparisons
 {
 public:
@@ -207,9 +207,9 @@ void joinEnds(const std::vector<T>& values, Bits& survivors)
 
 /// The elements of the plateaus without a better neighbour.
 ///
-/// Every element starts as a candidate and is eliminated by a better neighbour, or by an equal one that was. So a plateau
-/// survives as a whole or not at all: an element does when the first of its plateau is not worse than the one before, and
-/// the last not worse than the one behind.
+/// Every element starts as a candidate and is eliminated by a better neighbour, or by an equal one that was. So a
+/// plateau survives as a whole or not at all: an element does when the first of its plateau is not worse than the one
+/// before, and the last not worse than the one behind.
 template <class Predicate, class T>
 Bits findSurvivors(const std::vector<T>& values, eExtremaBorderPolicy policy)
 {
@@ -273,8 +273,8 @@ std::size_t countRanges(const Bits& bits)
     return (nbChanges + 1) / 2;
 }
 
-/// The length of the range at the start that is joined to the one at the end of a circle, as it is if there are more than
-/// two; 0 for none.
+/// The length of the range at the start that is joined to the one at the end of a circle, as it is if there are more
+/// than two; 0 for none.
 std::size_t getJoinedLength(const Bits& bits, std::size_t n, bool bPeriodic)
 {
     if (!bPeriodic || n == 0 || !isBitSet(bits, 0) || !isBitSet(bits, n - 1) || countRanges(bits) < 3)
@@ -350,8 +350,8 @@ Bits findDilatedSurvivors(const std::vector<T>& values, eExtremaBorderPolicy pol
     std::transform(values.begin(), values.end(), marker.begin(),
                    [dilateFactor](T value) { return Predicate::shift(value, dilateFactor); });
 
-    // What one element does to another reaches it along the sequence in one scan, and across the ends of a circle in the
-    // next scan of the same direction; after that nothing changes any more.
+    // What one element does to another reaches it along the sequence in one scan, and across the ends of a circle in
+    // the next scan of the same direction; after that nothing changes any more.
     const bool bPeriodic = policy == eEBP_Periodic;
     const int nbRounds = values.empty() ? 0 : bPeriodic ? 2 : 1;
     for (int round = 0; round < nbRounds; ++round)

@@ -6,8 +6,8 @@
 #include <vector>
 
 /// @file
-/// The search of local minima and maxima in a sequence of `signed char`, `unsigned char`, `short`, `unsigned short`, `int`,
-/// `unsigned int`, `long`, `unsigned long`, `float` or `double`.
+/// The search of local minima and maxima in a sequence of `signed char`, `unsigned char`, `short`, `unsigned short`,
+/// `int`, `unsigned int`, `long`, `unsigned long`, `float` or `double`.
 
 namespace ovrix
 {
@@ -29,8 +29,8 @@ enum eExtremaBorderPolicy : int
     eEBP_Periodic = 2 ///< the sequence is circular
 };
 
-/// Consecutive elements: index of the first, then their number, at least 1. In a circular sequence of n elements an index
-/// i >= n stands for i - n.
+/// Consecutive elements: index of the first, then their number, at least 1. In a circular sequence of n elements an
+/// index i >= n stands for i - n.
 using ExtremaRange = std::pair<unsigned long, unsigned long>;
 
 /// Ranges of several extrema.
@@ -51,8 +51,8 @@ template <class T, class I>
 OVRIXMATH_EXPORT void findLocalStrictExtrema(const std::vector<T>& values, const eExtremaBorderPolicy& policy,
                                              const eExtremaType& type, std::vector<I>& extrema);
 
-/// Finds the plateaus, of one element or more, that have no better neighbour: findLocalDilatedExtrema() with a factor of
-/// 0, every element of every range listed.
+/// Finds the plateaus, of one element or more, that have no better neighbour: findLocalDilatedExtrema() with a factor
+/// of 0, every element of every range listed.
 ///
 /// @param type any other value than `eET_Minima` finds maxima
 /// @param[out] extrema indices by range, as they run: those of a range across the end of a circular sequence begin
@@ -67,12 +67,12 @@ OVRIXMATH_EXPORT void findLocalExtrema(const std::vector<T>& values, const eExtr
 ///
 /// The sequence is shifted by `dilateFactor`, up for minima and down for maxima, and reconstructed over (under) the
 /// original, which fills lower extrema and cuts off the tops of the others. The plateaus of the result that have no
-/// better neighbour are the ranges. The shift is computed in T: integers wrap around, except that unsigned ones stop at 0
-/// when shifted down.
+/// better neighbour are the ranges. The shift is computed in T: integers wrap around, except that unsigned ones stop at
+/// 0 when shifted down.
 ///
-/// With `eEBP_Include` and `eEBP_Exclude` what lies beyond the ends is the worst and the best value of T, infinities left
-/// aside. So a constant sequence is one range unless its value is the worst one (0 for maxima of an unsigned type), and
-/// with `eEBP_Exclude` none unless its value is the best one. An
+/// With `eEBP_Include` and `eEBP_Exclude` what lies beyond the ends is the worst and the best value of T, infinities
+/// left aside. So a constant sequence is one range unless its value is the worst one (0 for maxima of an unsigned
+/// type), and with `eEBP_Exclude` none unless its value is the best one. An
 /// element that is NaN bounds the search to either side; it is neither better nor worse than its neighbours and is
 /// reported with those that remain.
 ///

@@ -9,8 +9,8 @@
 /// @file
 /// The arithmetic behind a histogram's grid, and its export to a file.
 ///
-/// A range [first, last] is cut into classes of one width. Data that are integers make a difference: the range then holds
-/// `last - first + 1` distinct values, so that the last value has a class of its own.
+/// A range [first, last] is cut into classes of one width. Data that are integers make a difference: the range then
+/// holds `last - first + 1` distinct values, so that the last value has a class of its own.
 
 namespace ovrix
 {
@@ -45,8 +45,8 @@ OVRIXMATH_EXPORT ovReal64 computeHistogramRange(ovBool bIntegral, ovReal64 first
 
 /// Number of classes of that width that cover the range; the last one is cut short where the width does not divide it.
 ///
-/// The quotient of range and width is truncated through a 64-bit integer that keeps its low 32 bits, so it means nothing
-/// from 2^32 on; it can be 0 then.
+/// The quotient of range and width is truncated through a 64-bit integer that keeps its low 32 bits, so it means
+/// nothing from 2^32 on; it can be 0 then.
 ///
 /// @throws OVRIXMathException, Statistics message 11 unless `0 < binWidth`, then 12 unless `first < last`
 OVRIXMATH_EXPORT ovUInt32 computeHistogramNbClasses(ovBool bIntegral, ovReal64 first, ovReal64 last, ovReal64 binWidth);
@@ -73,7 +73,7 @@ OVRIXMATH_EXPORT void computeHistogramBoundsInfo(ovUInt32 nbClasses, const eHist
 /// @throws OVRIXMathException, Statistics message 13, for 0 classes
 OVRIXMATH_EXPORT ovUInt32 computeHistogramNbBins(ovUInt32 nbClasses, const eHistogramOutOfBoundsPolicy& policy);
 
-/// Writes the text form of a histogram, a table separated by semicolons, into a file; see `operator<<` of BaseHistogram.
+/// Writes the text form of a histogram, a table separated by semicolons, to a file; see BaseHistogram's `operator<<`.
 ///
 /// What the file held before is lost. A histogram that is not initialised gives a file that says so.
 ///

@@ -78,6 +78,17 @@ void correlate(const float* pSource, const std::vector<float>& kernel, float* pT
 /// At least so many elements are smoothed at once, on memory that stays in the cache.
 constexpr std::size_t g_minBlockSize = 4096;
 
+/// The weights of the elements of a sequence: for each the sum of the taps that stand on elements, while the one at
+/// `margin` stands on it.
+std::vector<float> computeWeights(const std::vector<float>& kernel, std::size_t margin, std::size_t n)
+{
+    std::vector<float> ones(n + 2 * margin, 0.0f);
+    std::fill_n(ones.begin() + margin, n, 1.0f);
+    std::vector<float> weights(n);
+    correlate(ones.data(), kernel, weights.data(), n);
+    return weights;
+}
+
 /// `value / weight`, or 0 for a weight that is next to nothing.
 float divide(float value, float weight)
 {
@@ -102,15 +113,18 @@ std::vector<float> gaussianSmoothing1D(const std::vector<T>& input, float sigma)
     const std::ptrdiff_t end = std::min<std::ptrdiff_t>(size, half + reach + 1);
     const std::vector<float> kernel = computeKernel(sigma, size, first, end);
 
-    // Zeros beyond the ends add nothing, to the last bit, so every sum runs over the whole kernel.
+    // Elements that have the whole kernel inside the sequence all have one weight. So the weights of a long sequence
+    // are those of one that has a single such element, in its middle.
     const std::size_t margin = static_cast<std::size_t>(half - first);
+    const std::vector<float> weights = computeWeights(kernel, margin, std::min(n, 2 * margin + 1));
+    const std::size_t nbBefore = weights.size() / 2;
+    const std::size_t nbAfter = weights.size() - nbBefore - 1;
+    const float innerWeight = weights[nbBefore];
+
+    // Zeros beyond the ends add nothing, to the last bit, so every sum runs over the whole kernel.
     const std::size_t blockSize = std::min(n, std::max(g_minBlockSize, 2 * margin));
     std::vector<float> values(blockSize + 2 * margin);
-    std::vector<float> ones(blockSize + 2 * margin, 1.0f);
-    std::vector<float> weights(blockSize);
-    // Elements that have the whole kernel inside the sequence all have one weight.
-    float innerWeight = 0.0f;
-    correlate(ones.data(), kernel, &innerWeight, 1);
+    float* const results = result.data();
     for (std::size_t start = 0; start < n; start += blockSize)
     {
         const std::size_t count = std::min(blockSize, n - start);
@@ -122,18 +136,13 @@ std::vector<float> gaussianSmoothing1D(const std::vector<T>& input, float sigma)
         std::transform(input.begin() + begin, input.begin() + begin + nbInside, values.begin() + before,
                        [](T value) { return static_cast<float>(value); });
         std::fill(values.begin() + before + nbInside, values.end(), 0.0f);
-        float* const results = result.data() + start;
-        correlate(values.data(), kernel, results, count);
-        if (nbInside == count + 2 * margin)
-        {
-            std::transform(results, results + count, results, [=](float value) { return divide(value, innerWeight); });
-            continue;
-        }
-        std::fill(ones.begin(), ones.end(), 0.0f);
-        std::fill_n(ones.begin() + before, nbInside, 1.0f);
-        correlate(ones.data(), kernel, weights.data(), count);
-        std::transform(results, results + count, weights.begin(), results, divide);
+        correlate(values.data(), kernel, results + start, count);
+        const std::size_t innerEnd = std::min(start + count, n - nbAfter);
+        for (std::size_t i = std::max(start, nbBefore); i < innerEnd; ++i)
+            results[i] = divide(results[i], innerWeight);
     }
+    std::transform(results, results + nbBefore, weights.data(), results, divide);
+    std::transform(results + n - nbAfter, results + n, weights.data() + nbBefore + 1, results + n - nbAfter, divide);
     return result;
 }
 

@@ -13,15 +13,15 @@ namespace math
 ///
 /// The kernel has `size = trunc(2 sigma + 0.5)` taps, one more if that is even. With `size = 2 h + 1` it is
 /// `kernel[k] = exp(-(k - h)^2 / (2 sigma^2))` for k from 0 to `2 h - 1`, in `float`; the last tap, at +h, is 0. So the
-/// kernel is not symmetric, and one of a single tap is all zero, which is meant: results that were made with this kernel
-/// depend on it. For `|sigma| < 0.0001` every tap is 1 instead.
+/// kernel is not symmetric, and one of a single tap is all zero, which is meant: results that were made with this
+/// kernel depend on it. For `|sigma| < 0.0001` every tap is 1 instead.
 ///
 /// Each result is the mean of the elements below the kernel, weighted by its taps, whose central one (h) stands on the
 /// element itself; elements beyond the ends of the sequence do not count, nor do their taps. A result whose weights sum
 /// up to no more than 1e-6 is 0. Sums are computed in `float`, in the order of the taps.
 ///
-/// So `sigma` 0 gives the input, and a `sigma` from 0.0001 to below 0.75 gives 0 everywhere; so do every negative one of
-/// at least that magnitude and one that is not a number.
+/// So `sigma` 0 gives the input, and a `sigma` from 0.0001 to below 0.75 gives 0 everywhere; so do every negative one
+/// of at least that magnitude and one that is not a number.
 ///
 /// Takes time proportional to `input.size()` times the smaller of `size` and `input.size()`.
 ///

@@ -16,11 +16,11 @@ namespace ovrix
 namespace math
 {
 
-/// `v` rounded to T, half away from zero: `v + 0.5` for `v >= 0`, otherwise `v - 0.5`, computed in U and truncated toward
-/// zero.
+/// `v` rounded to T, half away from zero: `v + 0.5` for `v >= 0`, otherwise `v - 0.5`, computed in U and truncated
+/// toward zero.
 ///
-/// The sum is rounded to U before it is truncated: the largest `float` below 0.5 gives 1. What happens at the ends of the
-/// range, with s the sum and min and max the range of T:
+/// The sum is rounded to U before it is truncated: the largest `float` below 0.5 gives 1. What happens at the ends of
+/// the range, with s the sum and min and max the range of T:
 ///
 /// | T                            | s in range       | s below min                | s above max                | NaN |
 /// |------------------------------|------------------|----------------------------|----------------------------|-----|
@@ -39,8 +39,8 @@ OVRIXMATH_EXPORT T round(U v);
 
 /// `v` rounded to T as by round(), limited to the range of T.
 ///
-/// Gives `NumericLimits<T>::s_max` if `v > U(s_max)`, `s_min` if `U(s_min) > v`, otherwise `round<T, U>(v)`; NaN goes to
-/// round(). A floating T limits to its finite range. U(s_max) lies above s_max where U cannot hold s_max:
+/// Gives `NumericLimits<T>::s_max` if `v > U(s_max)`, `s_min` if `U(s_min) > v`, otherwise `round<T, U>(v)`; NaN goes
+/// to round(). A floating T limits to its finite range. U(s_max) lies above s_max where U cannot hold s_max:
 /// `saturatedRound<unsigned int, float>(4294967296.f)` passes the first test and wraps to 0 in round(); the other types
 /// give `s_max` there.
 ///
@@ -48,8 +48,8 @@ OVRIXMATH_EXPORT T round(U v);
 template <class T, class U>
 OVRIXMATH_EXPORT T saturatedRound(U v);
 
-/// Sorts three values, comparing by `>` only; a value that compares with none (NaN) stays wherever the comparisons leave
-/// it.
+/// Sorts three values, comparing by `>` only; a value that compares with none (NaN) stays wherever the comparisons
+/// leave it.
 ///
 /// @param[out] minValue, midValue, maxValue the three values ascending; none may be an alias of an input
 /// @tparam T `double`, `int` or `unsigned int`
@@ -58,25 +58,25 @@ OVRIXMATH_EXPORT void sort(const T& a, const T& b, const T& c, T& minValue, T& m
 
 /// Whether two values differ by no more than a tolerance: `tol >= |a - b|`.
 ///
-/// `float` is computed in `double`. The 8 and 16-bit types and `bool` are computed in `int`, `int` and `unsigned int` in
-/// 64 bits, which holds every difference. `long` and `unsigned long` are computed as `max(a - b, b - a) <= tol` in
-/// signed 64 bits that wrap around: two values that are 2^63 apart pass every tolerance, and an `unsigned long` tolerance
-/// of 2^63 and above counts as negative. Any NaN, and two infinities of one sign, give `false`.
+/// `float` is computed in `double`. The 8 and 16-bit types and `bool` are computed in `int`, `int` and `unsigned int`
+/// in 64 bits, which holds every difference. `long` and `unsigned long` are computed as `max(a - b, b - a) <= tol` in
+/// signed 64 bits that wrap around: two values that are 2^63 apart pass every tolerance, and an `unsigned long`
+/// tolerance of 2^63 and above counts as negative. Any NaN, and two infinities of one sign, give `false`.
 ///
 /// @tparam T `bool` or one of the types of round()
 template <class T>
 OVRIXMATH_EXPORT typename boost::enable_if<typename boost::is_arithmetic<T>::type, bool>::type compare(T a, T b, T tol);
 
-/// compare() on each pair of elements, up to the first that fails; `false` for vectors of different sizes, `true` for two
-/// empty ones.
+/// compare() on each pair of elements, up to the first that fails; `false` for vectors of different sizes, `true` for
+/// two empty ones.
 template <class T>
 OVRIXMATH_EXPORT typename boost::enable_if<typename boost::is_arithmetic<T>::type, bool>::type
 compare(const std::vector<T>& a, const std::vector<T>& b, T tol);
 
 /// Whether two values differ by no more than a tolerance relative to the second.
 ///
-/// If `|b| > tol` the test is `tol >= |a - b| / |b|`. Otherwise `b` counts as zero and the test is absolute on the first
-/// value: `tol >= |a|`. Types are widened, and 64-bit values wrap, as for compare().
+/// If `|b| > tol` the test is `tol >= |a - b| / |b|`. Otherwise `b` counts as zero and the test is absolute on the
+/// first value: `tol >= |a|`. Types are widened, and 64-bit values wrap, as for compare().
 ///
 /// The division of the integer types is that of integers: as long as `|a - b| < |b|` the ratio is 0 and passes every
 /// `tol` from 0.
@@ -88,8 +88,8 @@ template <class T>
 OVRIXMATH_EXPORT typename boost::enable_if<typename boost::is_arithmetic<T>::type, bool>::type compareRelative(T a, T b,
                                                                                                                T tol);
 
-/// compareRelative() on each pair of elements, up to the first that fails; `false` for vectors of different sizes, `true`
-/// for two empty ones.
+/// compareRelative() on each pair of elements, up to the first that fails; `false` for vectors of different sizes,
+/// `true` for two empty ones.
 template <class T>
 OVRIXMATH_EXPORT typename boost::enable_if<typename boost::is_arithmetic<T>::type, bool>::type
 compareRelative(const std::vector<T>& a, const std::vector<T>& b, T tol);

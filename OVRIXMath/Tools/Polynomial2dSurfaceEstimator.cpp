@@ -72,7 +72,7 @@ BoolResult Polynomial2dSurfaceEstimator::processEstimation(const DataSet& dataSe
         row += g_nbParams;
         *right++ = d[2];
     }
-    const ovUInt32 rank = details::svdSolveInPlace(static_cast<ovUInt32>(nbData), g_nbParams, 1, a.data(), b.data());
+    const ovUInt32 rank = details::svdSolveInPlace(nbData, g_nbParams, 1, a.data(), b.data());
     std::copy_n(b.data(), g_nbParams, estimParams.data().begin());
     if (!(rank > 5))
         return failure<eToolsMessage>(0);

@@ -6,8 +6,8 @@
 #include <type_traits>
 
 /// @file
-/// The arithmetic behind round() and saturatedRound() of MathUtils.h, inline for the library's own loops over points and
-/// pixels. Not part of the interface.
+/// The arithmetic behind round() and saturatedRound() of MathUtils.h, inline for the library's own loops over points
+/// and pixels. Not part of the interface.
 
 namespace ovrix
 {
@@ -21,8 +21,8 @@ namespace details
 template <class T, class U>
 inline T truncateTo(U w)
 {
-    // The values between the two ends truncate to a T. Where `s_min - 1` is no U, `lower` is `s_min` itself, which gives
-    // the same result.
+    // The values between the two ends truncate to a T. Where `s_min - 1` is no U, `lower` is `s_min` itself, which
+    // gives the same result.
     constexpr U lower = static_cast<U>(NumericLimits<T>::s_min) - 1;
     constexpr U upper = static_cast<U>(NumericLimits<T>::s_max / 2 + 1) * 2;
     if (w > lower && w < upper)

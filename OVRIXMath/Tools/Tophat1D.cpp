@@ -14,8 +14,8 @@ namespace math
 namespace
 {
 
-/// The elements of a sequence between r copies of its first one and r of its last one. A window that reaches beyond an end
-/// has the same extremum as one that is cut there, to the bit: what it takes in besides is an element that it holds.
+/// The elements of a sequence between r copies of its first one and r of its last one. A window that reaches beyond an
+/// end has the same extremum as one that is cut there, to the bit: what it takes in besides is an element of its own.
 template <class T>
 class Padded
 {
@@ -46,8 +46,8 @@ private:
     std::vector<T> _elements;
 };
 
-/// The extremum of each of `Size` windows of `length` elements that follow each other, scanned from the first element on:
-/// `better` says whether an element takes the place of the one found so far.
+/// The extremum of each of `Size` windows of `length` elements that follow each other, scanned from the first element
+/// on: `better` says whether an element takes the place of the one found so far.
 ///
 /// The windows are independent of each other, so the inner loop runs on vectors; what was found stays in registers.
 template <std::size_t Size, class T, class Better>

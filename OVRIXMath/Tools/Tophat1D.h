@@ -22,11 +22,11 @@ enum eTopHat1DExtremumType : int
 
 /// Finds isolated peaks or valleys of a sequence by a morphological top-hat.
 ///
-/// The structuring window at index i is [i - r, i + r] with `r = width / step`, computed in `float` and truncated, cut at
-/// the ends of the sequence. The profile is `input - opening` for peaks and `closing - input` for valleys, computed in T
-/// (a difference that T cannot hold wraps around), where the opening is the dilation (running maximum) of the erosion
-/// (running minimum) and the closing is the erosion of the dilation. A run is a maximal stretch of the profile above
-/// `threshold`, compared in `float`.
+/// The structuring window at index i is [i - r, i + r] with `r = width / step`, computed in `float` and truncated, cut
+/// at the ends of the sequence. The profile is `input - opening` for peaks and `closing - input` for valleys, computed
+/// in T (a difference that T cannot hold wraps around), where the opening is the dilation (running maximum) of the
+/// erosion (running minimum) and the closing is the erosion of the dilation. A run is a maximal stretch of the profile
+/// above `threshold`, compared in `float`.
 ///
 /// A run that is still open at the end of the sequence is not reported: it takes a following element at or below the
 /// threshold. A `width / step` that is negative or not a number counts as 0, which makes the profile 0. In a window of

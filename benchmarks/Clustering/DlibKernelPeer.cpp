@@ -1,5 +1,5 @@
-// One attempt of kernel k-means from given seeds, beside dlib's kkmeans with the same kernel, the same threshold and the
-// same seeds. Both run until no label changes.
+// One attempt of kernel k-means from given seeds, beside dlib's kkmeans with the same kernel, the same threshold and
+// the same seeds. Both run until no label changes.
 
 #include "KernelSamplesOfTasks.h"
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 /// @file
-/// What the comparisons of short functions share. A peer is a function that the compiler may not put into the loop: a call is
-/// what a function of a library costs at least.
+/// What the comparisons of short functions share. A peer is a function that the compiler may not put into the loop: a
+/// call is what a function of a library costs at least.
 
 namespace ovrix
 {

@@ -1,4 +1,4 @@
-// The closed form of symmetric 3 x 3 matrices beside others, over many matrices, as for the structure tensors of a picture.
+// The closed form of symmetric 3 x 3 matrices beside others, over many matrices, such as a picture's structure tensors.
 
 #include "DecompositionComparison.h"
 

@@ -1,6 +1,6 @@
-// The decompositions beside the bare routines of LAPACK and other libraries, on one thread, from sizes that fit into a few
-// registers to such that fill the caches. Each row tells the backward errors of both, in units of machine epsilon: what a
-// time is worth depends on them.
+// The decompositions beside the bare routines of LAPACK and other libraries, on one thread, from sizes that fit into a
+// few registers to such that fill the caches. Each row tells the backward errors of both, in units of machine epsilon:
+// what a time is worth depends on them.
 
 #include "DecompositionComparison.h"
 

@@ -48,11 +48,11 @@ struct DecompositionInput
 
 using Arrays = std::vector<std::vector<double>>;
 
-/// A computation over one input, and a copy of what it gave last: the arrays that the library's function has as outputs,
-/// in their order, matrices row after row.
+/// A computation over one input, and a copy of what it gave last: the arrays that the library's function has as
+/// outputs, in their order, matrices row after row.
 ///
-/// Input and outputs in the form that the contender wants are made beforehand; what the computation overwrites is copied
-/// within it.
+/// Input and outputs in the form that the contender wants are made beforehand; what the computation overwrites is
+/// copied within it.
 struct DecompositionRun
 {
     std::function<void()> compute;

@@ -8,9 +8,9 @@
 #include <vector>
 
 /// @file
-/// What the peers that compute with Eigen share. They are compiled twice: for any processor, and for the one at hand with
-/// the name of Eigen's namespace changed, so that no function of the one build stands in for that of the other. Each
-/// source holds a few computations only, since they take long to compile.
+/// What the peers that compute with Eigen share. They are compiled twice: for any processor, and for the one at hand
+/// with the name of Eigen's namespace changed, so that no function of the one build stands in for that of the other.
+/// Each source holds a few computations only, since they take long to compile.
 
 namespace ovrix
 {

@@ -1,5 +1,5 @@
-// The bare routines of LAPACK, with the same copies into arrays that are there already, and the steps behind them written
-// plainly (the second triangle, the reciprocals): the difference is the library's own
+// The bare routines of LAPACK, with the same copies into arrays that are there already, and the steps behind them
+// written plainly (the second triangle, the reciprocals): the difference is the library's own
 // cost.
 
 #include "DecompositionComparison.h"

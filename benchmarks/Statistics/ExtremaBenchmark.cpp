@@ -1,6 +1,7 @@
 // The searches of extrema in ten million elements, beside plain loops. peers.py measures the same tasks in SciPy and in
 // scikit-image.
 
+#include "Rows.h"
 #include "Sequences.h"
 
 #include <OVRIXMath/Statistics/ExtremaUtils.h>
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <stdexcept>
 #include <support/Comparison.h>
 #include <vector>
 
@@ -81,15 +81,6 @@ void findDilatedMaximaPlainly(const std::vector<double>& values, double dilateFa
                          [&ranges](std::size_t begin, std::size_t end) { ranges.emplace_back(begin, end - begin); });
 }
 
-/// Both searches find the same, or the comparison means nothing.
-template <class Found>
-void checkSame(benchmark::State& state, const Found& found, const Found& foundByPeer)
-{
-    if (found != foundByPeer)
-        throw std::logic_error("the peer finds other extrema");
-    state.counters["found"] = static_cast<double>(found.size());
-}
-
 void strictMaxima(benchmark::State& state, MakeSequence makeSequence)
 {
     const std::vector<double> values = makeSequence();
@@ -98,7 +89,7 @@ void strictMaxima(benchmark::State& state, MakeSequence makeSequence)
     compareWithPeer(
         state, [&] { findLocalStrictExtrema(values, eEBP_Exclude, eET_Maxima, found); },
         [&] { findStrictMaximaPlainly(values, foundByPeer); });
-    checkSame(state, found, foundByPeer);
+    checkSameFound(state, found, foundByPeer);
 }
 
 void plateauMaxima(benchmark::State& state, MakeSequence makeSequence)
@@ -109,7 +100,7 @@ void plateauMaxima(benchmark::State& state, MakeSequence makeSequence)
     compareWithPeer(
         state, [&] { findLocalExtrema(values, eEBP_Exclude, eET_Maxima, found); },
         [&] { findMaximaPlainly(values, foundByPeer); });
-    checkSame(state, found, foundByPeer);
+    checkSameFound(state, found, foundByPeer);
 }
 
 void dilatedMaxima(benchmark::State& state, MakeSequence makeSequence)
@@ -121,23 +112,18 @@ void dilatedMaxima(benchmark::State& state, MakeSequence makeSequence)
     compareWithPeer(
         state, [&] { findLocalDilatedExtrema(values, eEBP_Exclude, eET_Maxima, dilateFactor, found); },
         [&] { findDilatedMaximaPlainly(values, dilateFactor, foundByPeer); });
-    checkSame(state, found, foundByPeer);
+    checkSameFound(state, found, foundByPeer);
 }
 
-void inRounds(benchmark::internal::Benchmark* row)
-{
-    row->Iterations(9)->UseManualTime()->Unit(benchmark::kMillisecond);
-}
-
-BENCHMARK_CAPTURE(strictMaxima, noise, &makeNoise)->Apply(inRounds);
-BENCHMARK_CAPTURE(strictMaxima, smooth, &makeSmooth)->Apply(inRounds);
-BENCHMARK_CAPTURE(strictMaxima, plateaus, &makePlateaus)->Apply(inRounds);
-BENCHMARK_CAPTURE(plateauMaxima, noise, &makeNoise)->Apply(inRounds);
-BENCHMARK_CAPTURE(plateauMaxima, smooth, &makeSmooth)->Apply(inRounds);
-BENCHMARK_CAPTURE(plateauMaxima, plateaus, &makePlateaus)->Apply(inRounds);
-BENCHMARK_CAPTURE(dilatedMaxima, noise, &makeNoise)->Apply(inRounds);
-BENCHMARK_CAPTURE(dilatedMaxima, smooth, &makeSmooth)->Apply(inRounds);
-BENCHMARK_CAPTURE(dilatedMaxima, plateaus, &makePlateaus)->Apply(inRounds);
+BENCHMARK_CAPTURE(strictMaxima, noise, &makeNoise)->Apply(inRounds<9>);
+BENCHMARK_CAPTURE(strictMaxima, smooth, &makeSmooth)->Apply(inRounds<9>);
+BENCHMARK_CAPTURE(strictMaxima, plateaus, &makePlateaus)->Apply(inRounds<9>);
+BENCHMARK_CAPTURE(plateauMaxima, noise, &makeNoise)->Apply(inRounds<9>);
+BENCHMARK_CAPTURE(plateauMaxima, smooth, &makeSmooth)->Apply(inRounds<9>);
+BENCHMARK_CAPTURE(plateauMaxima, plateaus, &makePlateaus)->Apply(inRounds<9>);
+BENCHMARK_CAPTURE(dilatedMaxima, noise, &makeNoise)->Apply(inRounds<9>);
+BENCHMARK_CAPTURE(dilatedMaxima, smooth, &makeSmooth)->Apply(inRounds<9>);
+BENCHMARK_CAPTURE(dilatedMaxima, plateaus, &makePlateaus)->Apply(inRounds<9>);
 
 } // namespace
 

@@ -1,6 +1,7 @@
-// The top-hat and the smoothing of ten million elements, beside plain loops over every window. peers.py measures the same
-// tasks in SciPy.
+// The top-hat and the smoothing of ten million elements, beside plain loops over every window. peers.py measures the
+// same tasks in SciPy.
 
+#include "Rows.h"
 #include "Sequences.h"
 
 #include <OVRIXMath/Tools/GaussianSmoothing1D.h>
@@ -12,7 +13,6 @@
 #include <cmath>
 #include <cstddef>
 #include <functional>
-#include <stdexcept>
 #include <support/Comparison.h>
 #include <vector>
 
@@ -97,9 +97,7 @@ void tophat(benchmark::State& state, MakeSequence makeSequence)
     compareWithPeer(
         state, [&] { tophatThreshold1D(input, false, eTHET_Middle, static_cast<float>(r), 1.0f, threshold, found); },
         [&] { findPeaksPlainly(input, r, threshold, foundByPeer); });
-    if (found != foundByPeer)
-        throw std::logic_error("the peer finds other peaks");
-    state.counters["found"] = static_cast<double>(found.size());
+    checkSameFound(state, found, foundByPeer);
 }
 
 void smoothing(benchmark::State& state, MakeSequence makeSequence)
@@ -111,21 +109,15 @@ void smoothing(benchmark::State& state, MakeSequence makeSequence)
     compareWithPeer(
         state, [&] { smoothed = gaussianSmoothing1D(input, sigma); },
         [&] { smoothedByPeer = smoothPlainly(input, sigma); });
-    if (smoothed != smoothedByPeer)
-        throw std::logic_error("the peer gives other values");
+    checkSame(smoothed, smoothedByPeer);
 }
 
-void inRounds(benchmark::internal::Benchmark* row)
-{
-    row->Iterations(3)->UseManualTime()->Unit(benchmark::kMillisecond);
-}
-
-BENCHMARK_CAPTURE(tophat, noise, &makeNoise)->Arg(3)->Arg(20)->Apply(inRounds);
-BENCHMARK_CAPTURE(tophat, smooth, &makeSmooth)->Arg(3)->Arg(20)->Apply(inRounds);
-BENCHMARK_CAPTURE(tophat, plateaus, &makePlateaus)->Arg(3)->Arg(20)->Apply(inRounds);
-BENCHMARK_CAPTURE(smoothing, noise, &makeNoise)->Arg(2)->Arg(8)->Apply(inRounds);
-BENCHMARK_CAPTURE(smoothing, smooth, &makeSmooth)->Arg(2)->Arg(8)->Apply(inRounds);
-BENCHMARK_CAPTURE(smoothing, plateaus, &makePlateaus)->Arg(2)->Arg(8)->Apply(inRounds);
+BENCHMARK_CAPTURE(tophat, noise, &makeNoise)->Arg(3)->Arg(20)->Apply(inRounds<3>);
+BENCHMARK_CAPTURE(tophat, smooth, &makeSmooth)->Arg(3)->Arg(20)->Apply(inRounds<3>);
+BENCHMARK_CAPTURE(tophat, plateaus, &makePlateaus)->Arg(3)->Arg(20)->Apply(inRounds<3>);
+BENCHMARK_CAPTURE(smoothing, noise, &makeNoise)->Arg(2)->Arg(8)->Apply(inRounds<3>);
+BENCHMARK_CAPTURE(smoothing, smooth, &makeSmooth)->Arg(2)->Arg(8)->Apply(inRounds<3>);
+BENCHMARK_CAPTURE(smoothing, plateaus, &makePlateaus)->Arg(2)->Arg(8)->Apply(inRounds<3>);
 
 } // namespace
 

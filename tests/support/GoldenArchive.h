@@ -23,8 +23,8 @@ std::string getGoldenArchivePath(const std::string& fileName);
 /// @return its path
 std::string keepOutput(const std::string& fileName, const std::string& bytes);
 
-/// Expects that a binary archive of a T raises wherever it is cut short, and whichever of its bits is turned over: none of
-/// them is without a meaning.
+/// Expects that a binary archive of a T raises wherever it is cut short, and whichever of its bits is turned over: none
+/// of them is without a meaning.
 template <class T>
 void checkDamage(const std::string& bytes)
 {

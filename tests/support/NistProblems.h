@@ -7,8 +7,8 @@
 #include <vector>
 
 /// @file
-/// Non-linear regression problems with certified solutions: the Statistical Reference Datasets of the National Institute
-/// of Standards and Technology, https://www.itl.nist.gov/div898/strd/nls/nls_main.shtml.
+/// Non-linear regression problems with certified solutions: the Statistical Reference Datasets of the National
+/// Institute of Standards and Technology, https://www.itl.nist.gov/div898/strd/nls/nls_main.shtml.
 
 namespace ovrix
 {

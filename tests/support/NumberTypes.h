@@ -35,8 +35,8 @@ struct TypeNames
     }
 };
 
-/// A random value of T. Half of the draws are any bit pattern, half are small or next to an end of the range; a tenth of
-/// the floating ones are infinities, NaN or -0.
+/// A random value of T. Half of the draws are any bit pattern, half are small or next to an end of the range; a tenth
+/// of the floating ones are infinities, NaN or -0.
 template <class T>
 T anyValue(std::mt19937& generator)
 {

@@ -16,8 +16,8 @@
 #include <vector>
 
 /// @file
-/// Kernel k-means and spectral clustering written out step by step, as the measure of the fast ones: one kernel value at
-/// a time, nothing kept, nothing left out.
+/// Kernel k-means and spectral clustering written out step by step, as the measure of the fast ones: one kernel value
+/// at a time, nothing kept, nothing left out.
 
 namespace ovrix
 {

@@ -12,7 +12,7 @@ namespace ovrix
 namespace test
 {
 
-/// Samples around two circles about the origin, of radius 1 and 3: of the former at even places, the latter at odd ones.
+/// Samples around two circles about the origin: of radius 1 at even places, of radius 3 at odd ones.
 inline math::clustering::VectorColl makeRings(std::size_t nbSamples, unsigned int seed)
 {
     std::mt19937 generator(seed);
@@ -29,8 +29,8 @@ inline math::clustering::VectorColl makeRings(std::size_t nbSamples, unsigned in
     return samples;
 }
 
-/// Samples along two half circles of radius 1 that reach into each other: of the upper one, about (0, 0), at even places,
-/// of the lower one, about (1, 0.5), at odd ones.
+/// Samples along two half circles of radius 1 that reach into each other: of the upper one, about (0, 0), at even
+/// places, of the lower one, about (1, 0.5), at odd ones.
 inline math::clustering::VectorColl makeMoons(std::size_t nbSamples, unsigned int seed)
 {
     std::mt19937 generator(seed);

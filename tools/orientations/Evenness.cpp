@@ -1,7 +1,8 @@
 #include "Evenness.h"
 
+#include "Vector3.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numeric>
 
@@ -12,25 +13,6 @@ namespace orientations
 
 namespace
 {
-
-using Vector3 = std::array<double, 3>;
-
-constexpr double g_pi = 3.141592653589793;
-
-Vector3 getPoint(const PointSet& points, std::size_t i)
-{
-    return {points.x()[i], points.y()[i], points.z()[i]};
-}
-
-double dot(const Vector3& a, const Vector3& b)
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-Vector3 cross(const Vector3& a, const Vector3& b)
-{
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
 
 Vector3 combine(double a, const Vector3& x, double b, const Vector3& y)
 {
@@ -97,7 +79,7 @@ private:
     double getAngle(double offset) const
     {
         const Vector3 place = combine(std::cos(_origin + offset), _u, std::sin(_origin + offset), _v);
-        return std::acos(std::clamp(dot(place, _p), -1.0, 1.0));
+        return toAngle(dot(place, _p));
     }
 
     Vector3 _p;
@@ -137,7 +119,7 @@ SphereDivision divideSphere(const PointSet& points)
             division.largestHole = std::max(division.largestHole, edge.getLargestAngle());
         }
     }
-    division.smallestAngle = std::acos(std::min(closest, 1.0));
+    division.smallestAngle = toAngle(closest);
     return division;
 }
 

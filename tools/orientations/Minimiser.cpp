@@ -34,23 +34,6 @@ void add(double a, const std::vector<double>& x, std::vector<double>& y)
         pY[i] += a * pX[i];
 }
 
-/// Largest length of the points of `coordinates`.
-double maxLength(const std::vector<double>& coordinates)
-{
-    const std::size_t nbPoints = coordinates.size() / 3;
-    double squared = 0.0;
-    for (std::size_t i = 0; i < nbPoints; ++i)
-    {
-        const double x = coordinates[i];
-        const double y = coordinates[nbPoints + i];
-        const double z = coordinates[2 * nbPoints + i];
-        const double length = x * x + y * y + z * z;
-        if (!(length <= squared)) // also for what is not a number
-            squared = length;
-    }
-    return std::sqrt(squared);
-}
-
 } // namespace
 
 Minimiser::Minimiser(std::size_t nbPoints)
@@ -71,7 +54,7 @@ Minimum Minimiser::minimise(PointSet& points, const StoppingRule& rule)
     _nbRemembered = 0;
     _currentEnergy = evaluate(_current, _currentGradient);
     Minimum minimum;
-    while (_currentEnergy > rule.energy && maxLength(_currentGradient) > rule.gradientTolerance &&
+    while (_currentEnergy > rule.energy && getMaxLength(_currentGradient) > rule.gradientTolerance &&
            minimum.nbIterations < rule.maxIterations && std::chrono::steady_clock::now() < rule.end)
     {
         computeDirection();
@@ -98,7 +81,7 @@ Minimum Minimiser::minimise(PointSet& points, const StoppingRule& rule)
     points.coordinates() = _current;
     points.normalise();
     minimum.energy = _currentEnergy;
-    minimum.gradient = maxLength(_currentGradient);
+    minimum.gradient = getMaxLength(_currentGradient);
     return minimum;
 }
 
@@ -154,7 +137,7 @@ void Minimiser::computeDirection()
 double Minimiser::limitStep() const
 {
     const double allowed = (_nbRemembered == 0 ? 0.1 : 1.0) * _maxMove;
-    return std::min(1.0, allowed / maxLength(_direction));
+    return std::min(1.0, allowed / getMaxLength(_direction));
 }
 
 void Minimiser::tryStep(double length)

@@ -32,7 +32,7 @@ struct Minimum
 {
     double energy = 0.0;
 
-    /// Length of the longest gradient of a point along the sphere.
+    /// Length of the longest gradient of a point along the sphere; not a number where two points are in one place.
     double gradient = 0.0;
 
     std::size_t nbIterations = 0;

@@ -1,7 +1,8 @@
 #include "Moves.h"
 
+#include "Vector3.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 
@@ -12,8 +13,6 @@ namespace orientations
 
 namespace
 {
-
-using Vector3 = std::array<double, 3>;
 
 double draw(double low, double high, Generator& generator)
 {
@@ -40,16 +39,11 @@ Vector3 drawUnitVector(Generator& generator)
     do
     {
         v = drawGaussian(generator);
-        squared = v[0] * v[0] + v[1] * v[1] + v[2] * v[2];
+        squared = dot(v, v);
     } while (squared == 0.0);
     for (double& coordinate : v)
         coordinate /= std::sqrt(squared);
     return v;
-}
-
-Vector3 getPoint(const PointSet& points, std::size_t i)
-{
-    return {points.x()[i], points.y()[i], points.z()[i]};
 }
 
 void setPoint(PointSet& points, std::size_t i, const Vector3& p)
@@ -57,16 +51,6 @@ void setPoint(PointSet& points, std::size_t i, const Vector3& p)
     points.x()[i] = p[0];
     points.y()[i] = p[1];
     points.z()[i] = p[2];
-}
-
-double dot(const Vector3& a, const Vector3& b)
-{
-    return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
-}
-
-Vector3 cross(const Vector3& a, const Vector3& b)
-{
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
 }
 
 /// Rodrigues' formula.
@@ -85,7 +69,7 @@ Vector3 turn(const Vector3& p, const Vector3& axis, double angle)
 /// About the distance of neighbours when the points are spread evenly.
 double getSpacing(const PointSet& points)
 {
-    return std::sqrt(4.0 * 3.141592653589793 / static_cast<double>(points.size()));
+    return std::sqrt(4.0 * g_pi / static_cast<double>(points.size()));
 }
 
 /// Potential of all points but one at a place.
@@ -156,7 +140,7 @@ void turnAtRandom(PointSet& points, Generator& generator)
     const double sine = std::sqrt(dot(axis, axis));
     axis = sine == 0.0 ? Vector3{1.0, 0.0, 0.0} : Vector3{axis[0] / sine, axis[1] / sine, axis[2] / sine};
     const double tilt = std::atan2(sine, pole[2]);
-    const double spin = draw(0.0, 6.283185307179586, generator);
+    const double spin = draw(0.0, 2.0 * g_pi, generator);
     for (std::size_t i = 0; i < points.size(); ++i)
         setPoint(points, i, turn(turn(getPoint(points, i), north, spin), axis, tilt));
 }

@@ -84,6 +84,10 @@ private:
     std::vector<double> _coordinates;
 };
 
+/// The largest length of the points whose coordinates stand as in a PointSet, 0 without a point; not a number if any
+/// length is not.
+double getMaxLength(const std::vector<double>& coordinates);
+
 /// The angles of unit vectors, in the order of the points; phi is in [0, 2 pi].
 Records toRecords(const PointSet& points);
 

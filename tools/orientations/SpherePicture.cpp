@@ -1,6 +1,7 @@
 #include "SpherePicture.h"
 
 #include "Evenness.h"
+#include "Vector3.h"
 
 #include <algorithm>
 #include <array>
@@ -73,9 +74,8 @@ private:
     /// The part of the great circle between two points that lies on that side, in straight pieces.
     void drawLine(std::size_t i, std::size_t j, double side)
     {
-        const double cosine =
-            _points.x()[i] * _points.x()[j] + _points.y()[i] * _points.y()[j] + _points.z()[i] * _points.z()[j];
-        const int nbPieces = 1 + static_cast<int>(std::acos(std::clamp(cosine, -1.0, 1.0)) / 0.12);
+        const double angle = toAngle(dot(getPoint(_points, i), getPoint(_points, j)));
+        const int nbPieces = 1 + static_cast<int>(angle / 0.12);
         bool bDrawing = false;
         for (int piece = 0; piece <= nbPieces; ++piece)
         {
@@ -97,7 +97,7 @@ private:
     /// Points are smaller the further they are away.
     void drawPoint(std::size_t i)
     {
-        const double spacing = g_radius * std::sqrt(4.0 * 3.141592653589793 / static_cast<double>(_points.size()));
+        const double spacing = g_radius * std::sqrt(4.0 * g_pi / static_cast<double>(_points.size()));
         const double size = std::min(8.0, 0.18 * spacing) * (0.75 + 0.25 * _points.z()[i]);
         _stream << "<circle cx=\"" << _centreX + g_radius * _points.x()[i] << "\" cy=\""
                 << _centreY - g_radius * _points.y()[i] << "\" r=\"" << size << "\" fill=\""

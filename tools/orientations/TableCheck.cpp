@@ -2,6 +2,7 @@
 
 #include "CoulombEnergy.h"
 #include "TableText.h"
+#include "Vector3.h"
 
 #include <algorithm>
 #include <cmath>
@@ -70,19 +71,14 @@ double computeLongestGradient(const PointSet& points)
 {
     PointSet gradient(points.size());
     computeEnergy(points, gradient);
-    double longest = 0.0;
     for (std::size_t i = 0; i < points.size(); ++i)
     {
-        const double radial =
-            gradient.x()[i] * points.x()[i] + gradient.y()[i] * points.y()[i] + gradient.z()[i] * points.z()[i];
-        const double x = gradient.x()[i] - radial * points.x()[i];
-        const double y = gradient.y()[i] - radial * points.y()[i];
-        const double z = gradient.z()[i] - radial * points.z()[i];
-        const double length = std::sqrt(x * x + y * y + z * z);
-        if (!(length <= longest)) // also for what is not a number
-            longest = length;
+        const double radial = dot(getPoint(gradient, i), getPoint(points, i));
+        gradient.x()[i] -= radial * points.x()[i];
+        gradient.y()[i] -= radial * points.y()[i];
+        gradient.z()[i] -= radial * points.z()[i];
     }
-    return longest;
+    return getMaxLength(gradient.coordinates());
 }
 
 } // namespace

@@ -21,7 +21,8 @@ struct TableReport
     /// Smallest distance of two points; infinite for a single one.
     double smallestDistance = 0.0;
 
-    /// Length of the longest gradient of a point along the sphere: how far from converged the table is.
+    /// Length of the longest gradient of a point along the sphere: how far from converged the table is. Not a number
+    /// where two points are in one place.
     double gradient = 0.0;
 
     /// Each rule that the table breaks: as many records as its key says, phi and theta in their ranges, twelve

@@ -1,6 +1,7 @@
 #include "TableText.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
@@ -32,28 +33,48 @@ bool isWritable(double value)
     return value >= 0.0 && value < 10.0;
 }
 
-/// Keeps other programs from the files of a folder that are changed under such a lock.
+/// Calls a function of the system until no signal has interrupted it.
+template <class Call>
+int callUninterrupted(Call call)
+{
+    int result = call();
+    while (result == -1 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+/// Keeps other programs from the files in the folder of a file that are changed under such a lock.
 class FolderLock
 {
 public:
-    explicit FolderLock(const std::filesystem::path& folder)
-        : _file(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    /// @throws std::runtime_error with the file's name when it can't be written, for want of the folder, or locked
+    explicit FolderLock(const std::string& path)
     {
-        if (_file >= 0)
-            ::flock(_file, LOCK_EX);
+        const std::filesystem::path parent = std::filesystem::path(path).parent_path();
+        const std::filesystem::path folder = parent.empty() ? "." : parent;
+        _file = callUninterrupted([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
+        if (_file == -1)
+        {
+            const bool bMissing = errno == ENOENT || errno == ENOTDIR;
+            throw std::runtime_error(path + (bMissing ? " can't be written" : " can't be locked"));
+        }
+        if (callUninterrupted([this] { return ::flock(_file, LOCK_EX); }) == -1)
+        {
+            ::close(_file);
+            throw std::runtime_error(path + " can't be locked");
+        }
     }
 
     ~FolderLock()
     {
-        if (_file >= 0)
-            ::close(_file);
+        ::close(_file);
     }
 
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
 
 private:
-    int _file;
+    int _file = -1;
 };
 
 void replaceFile(const Tables& tables, const std::string& path)
@@ -67,6 +88,14 @@ void replaceFile(const Tables& tables, const std::string& path)
         std::remove(unfinished.c_str());
         throw std::runtime_error(path + " can't be written");
     }
+}
+
+std::ifstream openTables(const std::string& path)
+{
+    std::ifstream stream(path);
+    if (!stream)
+        throw std::runtime_error(path + " can't be read");
+    return stream;
 }
 
 /// Reads a number of points; the stream reads "-1" as a huge one.
@@ -147,9 +176,7 @@ Tables readTables(std::istream& stream)
 
 Tables readTables(const std::string& path)
 {
-    std::ifstream stream(path);
-    if (!stream)
-        throw std::runtime_error(path + " can't be read");
+    std::ifstream stream = openTables(path);
     try
     {
         return readTables(stream);
@@ -172,12 +199,18 @@ void writeTables(const Tables& tables, std::ostream& stream)
 
 void changeTables(const std::string& path, const std::function<void(Tables&)>& change)
 {
-    const FolderLock lock(std::filesystem::path(path).parent_path());
+    const FolderLock lock(path);
     Tables tables;
     if (std::filesystem::exists(path))
         tables = readTables(path);
     change(tables);
     replaceFile(tables, path);
+}
+
+void changeExistingTables(const std::string& path, const std::function<void(Tables&)>& change)
+{
+    openTables(path); // refuses a missing file, which changeTables() takes for one without tables
+    changeTables(path, change);
 }
 
 } // namespace orientations

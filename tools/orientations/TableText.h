@@ -42,8 +42,11 @@ void writeTables(const Tables& tables, std::ostream& stream);
 /// moment, and other programs that change it wait meanwhile, so that several searches can share a file.
 ///
 /// @param change called with the tables of the file
-/// @throws std::runtime_error with the file's name when it can't be read or written; it stays as it was then
+/// @throws std::runtime_error with the file's name when it can't be locked, read or written; it stays as it was then
 void changeTables(const std::string& path, const std::function<void(Tables&)>& change);
+
+/// The same for a file that has to be there: one that is missing can't be read.
+void changeExistingTables(const std::string& path, const std::function<void(Tables&)>& change);
 
 } // namespace orientations
 } // namespace ovrix

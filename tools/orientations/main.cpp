@@ -8,6 +8,7 @@
 #include "TableCheck.h"
 #include "TableSources.h"
 #include "TableText.h"
+#include "Vector3.h"
 
 #include <boost/program_options.hpp>
 
@@ -135,8 +136,11 @@ po::options_description describeSearch()
 SearchPlan readPlan(const po::variables_map& values)
 {
     SearchPlan plan;
+    const std::vector<std::size_t> sizes = readSizes(getText(values, "sizes"));
+    if (sizes.empty())
+        throw std::runtime_error("There is nothing to search: --sizes names no number of points");
     const std::vector<std::size_t> excepted = readSizes(getText(values, "except"));
-    for (const std::size_t size : readSizes(getText(values, "sizes")))
+    for (const std::size_t size : sizes)
         if (std::find(excepted.begin(), excepted.end(), size) == excepted.end())
             plan.sizes.push_back(size);
     if (plan.sizes.empty())
@@ -230,7 +234,7 @@ void runLoosen(const Arguments& arguments)
     Generator generator(getCount(values, "seed"));
     const auto loosen = [&](Tables& tables)
     { tables[size] = makeLooseTable(getTable(tables, size), values["energy"].as<double>(), generator); };
-    changeTables(getText(values, "tables"), loosen);
+    changeExistingTables(getText(values, "tables"), loosen);
 }
 
 po::options_description describeCheck()
@@ -313,7 +317,7 @@ void expectPair(std::size_t size)
 
 void printEvenness(const SphereDivision& division)
 {
-    constexpr double degrees = 180.0 / 3.141592653589793;
+    constexpr double degrees = 180.0 / g_pi;
     std::cout << " | " << degrees * division.smallestAngle << " | " << degrees * division.largestHole;
 }
 

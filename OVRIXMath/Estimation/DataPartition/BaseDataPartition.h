@@ -80,8 +80,8 @@ enum eDataPartitionType : int
 /// const DynamicRegistrator<RunPartition> g_classRegistrator; // in one source file; archives create it by its name
 /// ```
 ///
-/// A partition is shared by pointer and never cloned; it serves one estimation at a time. One that has been read from an
-/// archive is to be given the data for which it was initialised. When reading raises it is not initialised.
+/// A partition is shared by pointer and never cloned; it serves one estimation at a time. One that has been read from
+/// an archive is to be given the data for which it was initialised. When reading raises it is not initialised.
 class OVRIXMATH_EXPORT BaseDataPartition : public UncopiedClass<BaseDataPartition, BaseSerializationObject>
 {
 public:

@@ -11,8 +11,8 @@ namespace math
 /// Distance of the point p to the segment ab, and the point q of the segment that is closest.
 ///
 /// Where p projects between the ends, everything is computed in double precision. The distance to an end is computed in
-/// T: for `float` in single precision, for the integers in 32-bit arithmetic that wraps around. A wrapped sum of squares
-/// that is negative as `int`, which can happen from 2^31 on, gives NaN.
+/// T: for `float` in single precision, for the integers in 32-bit arithmetic that wraps around. A wrapped sum of
+/// squares that is negative as `int`, which can happen from 2^31 on, gives NaN.
 ///
 /// A segment without length is its end a. Beside one that is shorter than epsilon there is no direction to project on:
 /// a p between its ends has distance 0 and is q itself. So has any p where b is not a number; where p or a is not, the

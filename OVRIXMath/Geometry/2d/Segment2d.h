@@ -28,8 +28,8 @@ OVRIXMATH_EXPORT ovBool segmentsIntersects(T ax, T ay, T bx, T by, T cx, T cy, T
 ///
 /// Segments that `boost::geometry::intersection` calls intersecting have distance 0, and both points are the first one
 /// that it reports. For all others the smallest pointSegmentDistance<T>() of a to cd, b to cd, c to ab and d to ab is
-/// taken; of equal ones the first in this order. The arithmetic of T that is told there applies. A first distance of NaN
-/// stays, a later one never replaces the best.
+/// taken; of equal ones the first in this order. The arithmetic of T that is told there applies. A first distance of
+/// NaN stays, a later one never replaces the best.
 ///
 /// @tparam T `int`, `unsigned int`, `float` or `double`
 template <class T>

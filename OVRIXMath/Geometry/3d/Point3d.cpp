@@ -12,8 +12,8 @@ namespace
 
 using details::Point3d;
 
-/// Distance of p to the line; what becomes of q is told in the header. Not a function, whose address would be called: its
-/// own type lets the compiler inline it.
+/// Distance of p to the line; what becomes of q is told in the header. Not a function, whose address would be called:
+/// its own type lets the compiler inline it.
 constexpr auto measureToLine = [](const Point3d& p, const Point3d& u, const Point3d& w, Point3d& q)
 {
     const ovReal64 length = details::norm(u);

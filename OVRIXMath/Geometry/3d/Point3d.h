@@ -15,8 +15,8 @@ namespace math
 /// as `int`, which can happen from 2^31 on, gives NaN. A segment without length is its end a.
 ///
 /// Where p projects between the ends, the distance d is computed in double precision, but q is not the foot of the
-/// perpendicular: with e = (b - a) / |b - a|, c = e x (p - a) and m = e x c, q is (px + mx d, py + my d) with the second
-/// coordinate repeated as the third. This is meant and callers depend on it. The foot itself is p + m, or
+/// perpendicular: with e = (b - a) / |b - a|, c = e x (p - a) and m = e x c, q is (px + mx d, py + my d) with the
+/// second coordinate repeated as the third. This is meant and callers depend on it. The foot itself is p + m, or
 /// a + e (e . (p - a)). Where a coordinate is not a number, d and q are NaN.
 ///
 /// @tparam T `int`, `unsigned int`, `float` or `double`

@@ -24,8 +24,8 @@ using details::Point3d;
 
 using GeometryPoint = boost::geometry::model::point<ovReal64, 3, boost::geometry::cs::cartesian>;
 
-/// A segment as the intersection strategy takes it. The one that Boost.Geometry makes of a segment leaves z unset, which
-/// the strategy compares.
+/// A segment as the intersection strategy takes it. The one that Boost.Geometry makes of a segment leaves z unset,
+/// which the strategy compares.
 class GeometrySegment
 {
 public:
@@ -47,7 +47,7 @@ private:
     GeometryPoint _ends[2];
 };
 
-/// z of the segment ab where it passes over (x, y), along the longer of its two extents; that of a where ab is vertical.
+/// z of the segment ab where it passes over (x, y), along the longer of its extents; that of a where ab is vertical.
 ovReal64 heightAt(const Point3d& a, const Point3d& b, ovReal64 x, ovReal64 y)
 {
     const ovReal64 dx = b[0] - a[0];

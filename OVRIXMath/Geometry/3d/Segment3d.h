@@ -19,9 +19,9 @@ namespace math
 /// Whether the segments have a point in common when seen along z; touching ends and overlaps count. Two segments of
 /// length 0 intersect only when they are equal in z too.
 ///
-/// The answer is that of the Cartesian strategy of `boost::geometry::intersection` in double precision, which decides in
-/// the x-y plane and compares z only to tell a segment from a point, and a point from another. So segments that cross
-/// in projection intersect whatever their heights; this is meant.
+/// The answer is that of the Cartesian strategy of `boost::geometry::intersection` in double precision, which decides
+/// in the x-y plane and compares z only to tell a segment from a point, and a point from another. So segments that
+/// cross in projection intersect whatever their heights; this is meant.
 ///
 /// @tparam T `int`, `unsigned int`, `float` or `double`
 template <class T>
@@ -29,8 +29,8 @@ OVRIXMATH_EXPORT ovBool segmentsIntersects(T ax, T ay, T az, T bx, T by, T bz, T
 
 /// Distance of two segments, with a point (x1, y1, z1) for ab and a point (x2, y2, z2) for cd.
 ///
-/// Segments that segmentsIntersects() calls intersecting have distance 0, also when they are apart in z, and both points
-/// are the first one that the strategy reports, at the height of ab. For all others the smallest
+/// Segments that segmentsIntersects() calls intersecting have distance 0, also when they are apart in z, and both
+/// points are the first one that the strategy reports, at the height of ab. For all others the smallest
 /// pointSegmentDistance<T>() of a to cd, b to cd, c to ab and d to ab is taken, of equal ones the first in this order;
 /// its arithmetic and its point q, as they are told there, apply. A first distance of NaN stays, a later one never
 /// replaces the best.

@@ -14,8 +14,8 @@ namespace details
 
 /// What the concrete transforms of both families repeat, written once around a model.
 ///
-/// A model holds the parameters with what is derived from them, and knows the formulas; it is constructed as the neutral
-/// element. A class adds what is its own. So a new kind of transform is one enumerator with its name, and:
+/// A model holds the parameters with what is derived from them, and knows the formulas; it is constructed as the
+/// neutral element. A class adds what is its own. So a new kind of transform is one enumerator with its name, and:
 ///
 /// ```cpp
 /// namespace details

@@ -70,8 +70,8 @@ std::vector<double> valuesOf(const DataSet& dataSet)
 const BoolResult g_noFit(false, "No fit");
 const BoolResult g_noResiduals(false, "No residuals");
 
-/// A mocked model of sub-sets of two data and one parameter, a mocked scorer and a mocked partition: ten successful runs
-/// are needed, twenty are made at most, and five data are the least.
+/// A mocked model of sub-sets of two data and one parameter, a mocked scorer and a mocked partition: ten successful
+/// runs are needed, twenty are made at most, and five data are the least.
 class RobustLoop : public testing::Test
 {
 protected:

@@ -132,8 +132,8 @@ class RobustFit : public testing::TestWithParam<eRobustEstimationType>
 } // namespace
 
 // Tolerances: the largest error of a parameter over 40 seeds is 0.024 for the surface and 0.038 for the Gaussian, whose
-// amplitude is the loosest, with a root mean square of 0.010 and 0.012. LMS makes its threshold of 2.5 estimated standard
-// deviations, beyond which some inliers lie: up to 10 of 200 wrong flags.
+// amplitude is the loosest, with a root mean square of 0.010 and 0.012. LMS makes its threshold of 2.5 estimated
+// standard deviations, beyond which some inliers lie: up to 10 of 200 wrong flags.
 
 TEST_P(RobustFit, FindsASurfaceAmongOutliers)
 {

@@ -1,5 +1,5 @@
-// What holds for every matrix, and between the decompositions, on matrices that are drawn: of any shape up to 40 x 40, of
-// full or deficient rank, with equal singular values or with such over twelve decades, and of any scale.
+// What holds for every matrix, and between the decompositions, on matrices that are drawn: of any shape up to 40 x 40,
+// of full or deficient rank, with equal singular values or with such over twelve decades, and of any scale.
 
 #include <OVRIXMath/LinearAlgebra/CholeskyDecomposition.h>
 #include <OVRIXMath/LinearAlgebra/EigenDecomposition.h>

@@ -109,8 +109,8 @@ ParameterType restatedParams(const DataSet& dataSet, std::size_t nbDims)
     return params;
 }
 
-/// A grid of whole numbers, symmetric about 0 or not, with the values of a Gaussian of which some are disturbed. Sums of
-/// whole numbers are exact, so that no grouping of the powers shows.
+/// A grid of whole numbers, symmetric about 0 or not, with the values of a Gaussian of which some are disturbed. Sums
+/// of whole numbers are exact, so that no grouping of the powers shows.
 DataSet wholeNumberGrid(test::RandomData& random, const ParameterType& params, int low, int high)
 {
     DataSet data;

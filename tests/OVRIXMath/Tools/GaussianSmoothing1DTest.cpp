@@ -171,7 +171,7 @@ TYPED_TEST(GaussianSmoothing1D, AllocationsDoNotGrowWithTheSequence)
     for (const std::size_t size : {1000, 50000})
     {
         const std::vector<TypeParam> input(size, 3);
-        // The kernel; elements and as many ones, with a margin; the sums of the ones; the result.
+        // The kernel; the weights, and the ones that they are made of; elements with a margin; the result.
         EXPECT_EQ(test::countSteadyAllocations([&] { gaussianSmoothing1D(input, 4.0f); }), 5u);
     }
 }

@@ -126,7 +126,7 @@ TYPED_TEST(Tophat1D, AgreesWithAPlainSearchOnValuesOfTheWholeRange)
     std::mt19937 generator(22);
     for (int draw = 0; draw < 4000; ++draw)
     {
-        std::vector<TypeParam> input(generator() % 40);
+        std::vector<TypeParam> input(generator() % 200); // up to a group of windows of any type, and a rest
         for (TypeParam& value : input)
             value = test::anyValue<TypeParam>(generator);
         const bool bValleys = generator() % 2 == 0;
@@ -141,7 +141,7 @@ TYPED_TEST(Tophat1D, AgreesWithAPlainSearchOnValuesOfTheWholeRange)
 TYPED_TEST(Tophat1D, AgreesWithAPlainSearchOnLongSequences)
 {
     std::mt19937 generator(23);
-    std::vector<TypeParam> input(10000); // several stretches of windows
+    std::vector<TypeParam> input(10000); // many groups of windows that are scanned side by side, and a rest
     for (TypeParam& value : input)
         value = static_cast<TypeParam>(generator() % 100);
     for (const int r : {1, 7, 300})

@@ -64,6 +64,13 @@ TEST(Minimiser, AllocatesNothingOnceItIsMade)
     EXPECT_EQ(test::getNbAllocations(), nbAllocations);
 }
 
+TEST(Minimiser, KnowsNoGradientWhereTwoPointsAreTheSame)
+{
+    // The gradient of the third, which comes behind theirs, is a number.
+    PointSet points(Records{{1.0, 1.0}, {1.0, 1.0}, {2.0, 2.0}});
+    EXPECT_TRUE(std::isnan(Minimiser(3).minimise(points, StoppingRule()).gradient));
+}
+
 TEST(Minimiser, TakesNoStepWhenTheTimeIsOver)
 {
     Generator generator(1);

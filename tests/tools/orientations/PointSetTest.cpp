@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <orientations/PointSet.h>
+#include <vector>
 
 namespace ovrix
 {
@@ -27,6 +28,23 @@ TEST(PointSet, ScalesEveryPointToLengthOne)
     EXPECT_DOUBLE_EQ(points.x()[0], 0.6);
     EXPECT_DOUBLE_EQ(points.z()[0], 0.8);
     EXPECT_DOUBLE_EQ(points.y()[1], -1.0);
+}
+
+TEST(MaxLength, IsThatOfTheLongestPoint)
+{
+    EXPECT_EQ(getMaxLength({}), 0.0);
+    EXPECT_EQ(getMaxLength({-3.0, 0.0, -4.0}), 5.0);
+    EXPECT_EQ(getMaxLength({1.0, 2.0, 0.5, 2.0, 3.0, 0.5, 2.0, 6.0, 0.5}), 7.0);
+}
+
+TEST(MaxLength, IsNotANumberWhereALengthIsNone)
+{
+    for (std::size_t i = 0; i < 9; ++i)
+    {
+        std::vector<double> coordinates(9, 1.0);
+        coordinates[i] = std::nan("");
+        EXPECT_TRUE(std::isnan(getMaxLength(coordinates))) << i;
+    }
 }
 
 TEST(PointSet, TellsTheAnglesOfItsPoints)

@@ -59,6 +59,12 @@ TEST(TableCheck, FindsEqualPoints)
     EXPECT_FALSE(report.gradient < 1.0);
 }
 
+TEST(TableCheck, KnowsNoGradientWhereTwoPointsAreTheSame)
+{
+    // The gradient of the third, which comes behind theirs, is a number.
+    EXPECT_TRUE(std::isnan(checkTable(3, {{1.0, 1.0}, {1.0, 1.0}, {2.0, 2.0}}).gradient));
+}
+
 TEST(TableCheck, FindsAnglesOutOfRange)
 {
     EXPECT_THAT(checkTable(2, {{6.2832, 1.0}, {1.0, 3.1416}}).faults,

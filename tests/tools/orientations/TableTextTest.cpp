@@ -1,10 +1,13 @@
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <cmath>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <orientations/CoulombEnergy.h>
 #include <orientations/TableText.h>
+#include <pthread.h>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -26,6 +29,44 @@ std::string readFile(const std::string& path)
     content << file.rdbuf();
     return content.str();
 }
+
+/// A signal that does nothing but interrupt the call of the system in which a thread waits.
+class InterruptingSignal
+{
+public:
+    InterruptingSignal()
+    {
+        struct sigaction action = {};
+        action.sa_handler = [](int) { ++s_nbHandled; };
+        sigaction(SIGUSR1, &action, &_previous);
+    }
+
+    ~InterruptingSignal()
+    {
+        sigaction(SIGUSR1, &_previous, nullptr);
+    }
+
+    InterruptingSignal(const InterruptingSignal&) = delete;
+    InterruptingSignal& operator=(const InterruptingSignal&) = delete;
+
+    /// Sends the signal to a thread that has not been joined.
+    void send(std::thread& thread) const
+    {
+        EXPECT_EQ(pthread_kill(thread.native_handle(), SIGUSR1), 0);
+    }
+
+    /// How many times a thread was interrupted.
+    int getNbHandled() const
+    {
+        return s_nbHandled;
+    }
+
+private:
+    static std::atomic<int> s_nbHandled;
+    struct sigaction _previous = {};
+};
+
+std::atomic<int> InterruptingSignal::s_nbHandled{0};
 
 void expectRefusal(const std::string& text, const std::string& reason)
 {
@@ -111,14 +152,54 @@ TEST(TableText, TellsWhichFileCannotBeRead)
 
 TEST(TableText, TellsWhichFileCannotBeWritten)
 {
+    const std::string inAFile = OVRIX_SOURCE_DIR "/CMakeLists.txt/tables.txt";
+    for (const std::string& path : {std::string("no/such/tables.txt"), inAFile})
+    {
+        try
+        {
+            changeTables(path, [](Tables&) {});
+            ADD_FAILURE();
+        }
+        catch (const std::runtime_error& error)
+        {
+            EXPECT_EQ(error.what(), path + " can't be written");
+        }
+    }
+}
+
+TEST(TableText, TellsWhichFileCannotBeLocked)
+{
+    const std::string path = std::string(300, 'x') + "/tables.txt"; // no folder can have such a name
+    bool bChanged = false;
     try
     {
-        changeTables("no/such/tables.txt", [](Tables&) {});
+        changeTables(path, [&](Tables&) { bChanged = true; });
         ADD_FAILURE();
     }
     catch (const std::runtime_error& error)
     {
-        EXPECT_EQ(std::string(error.what()), "no/such/tables.txt can't be written");
+        EXPECT_EQ(error.what(), path + " can't be locked");
+    }
+    EXPECT_FALSE(bChanged);
+}
+
+TEST(TableText, MakesNoFileWhereOneHasToBe)
+{
+    const std::string missing = OVRIX_TEST_OUTPUT_DIR "/tables_missing.txt";
+    for (const std::string& path : {missing, std::string("no/such/tables.txt")})
+    {
+        bool bChanged = false;
+        try
+        {
+            changeExistingTables(path, [&](Tables&) { bChanged = true; });
+            ADD_FAILURE();
+        }
+        catch (const std::runtime_error& error)
+        {
+            EXPECT_EQ(error.what(), path + " can't be read");
+        }
+        EXPECT_FALSE(bChanged);
+        EXPECT_FALSE(std::filesystem::exists(path));
     }
 }
 
@@ -128,6 +209,8 @@ TEST(TableText, ReplacesAFileAsAWhole)
     changeTables(path, [](Tables& tables) { tables = {{1, {{0.0, 0.0}}}}; });
     changeTables(path, [](Tables& tables) { tables = {{1, {{1.0, 2.0}}}}; });
     EXPECT_EQ(readFile(path), "N 1\n1 2\n");
+    changeExistingTables(path, [](Tables& tables) { tables[1][0].theta = 3.0; });
+    EXPECT_EQ(readFile(path), "N 1\n1 3\n");
     EXPECT_FALSE(std::filesystem::exists(path + ".new"));
 }
 
@@ -159,6 +242,28 @@ TEST(TableText, LosesNoChangeOfProgramsThatShareAFile)
     for (std::thread& program : programs)
         program.join();
     EXPECT_EQ(readTables(path).size(), 40u);
+}
+
+TEST(TableText, IsKeptFromOtherProgramsWhateverSignalsTheyGet)
+{
+    const std::string path = OVRIX_TEST_OUTPUT_DIR "/tables_signalled.txt";
+    const InterruptingSignal signal;
+    std::atomic<bool> bOtherChanged{false};
+    std::thread other;
+    const auto signalOther = [&](Tables&)
+    {
+        other = std::thread([&] { changeTables(path, [&](Tables&) { bOtherChanged = true; }); });
+        // The first ones can come before it waits.
+        while (signal.getNbHandled() < 500 && !bOtherChanged)
+        {
+            signal.send(other);
+            std::this_thread::yield();
+        }
+        EXPECT_FALSE(bOtherChanged);
+    };
+    changeTables(path, signalOther);
+    other.join();
+    EXPECT_TRUE(bOtherChanged);
 }
 
 TEST(MakeTable, KeepsTheArrangementAndSortsItByTheta)

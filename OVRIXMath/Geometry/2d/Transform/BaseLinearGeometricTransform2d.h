@@ -13,7 +13,7 @@ namespace math
 namespace transform
 {
 
-/// 3 x 3 row-major matrix M that acts on column vectors: (x', y', 1)^T = M (x, y, 1)^T, up to a factor for Homography2d.
+/// 3 x 3 row-major matrix M that acts on columns: (x', y', 1)^T = M (x, y, 1)^T, up to a factor for Homography2d.
 using HomogenousMatrix2d = boost::numeric::ublas::bounded_matrix<ovReal64, 3, 3>;
 
 /// A planar transform that a homogeneous matrix expresses.

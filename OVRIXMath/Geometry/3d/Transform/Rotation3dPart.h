@@ -18,8 +18,8 @@ namespace details
 
 /// The rotation of Rotation3d, Rigid3d and Similarity3d: R = Rz(rz) Ry(ry) Rx(rx).
 ///
-/// load() alone computes the cosines and sines. What is kept of them are the entries of R that they make, so that a point
-/// costs nine products and not twenty-three; the bits are those of forming R for each point.
+/// load() alone computes the cosines and sines. What is kept of them are the entries of R that they make, so that a
+/// point costs nine products and not twenty-three; the bits are those of forming R for each point.
 class Rotation3dPart
 {
 public:
@@ -56,8 +56,8 @@ public:
         return _matrix;
     }
 
-    /// The angles of the transpose. Where its middle angle comes within sqrt(epsilon) of a right angle (by the sine), rz
-    /// and rx cannot be told apart and rz is set to 0.
+    /// The angles of the transpose. Where its middle angle comes within sqrt(epsilon) of a right angle (by the sine),
+    /// rz and rx cannot be told apart and rz is set to 0.
     void storeInverse(ovReal64* angles) const;
 
 private:

@@ -160,8 +160,8 @@ private:
     std::set<Indexes> _drawn;
 };
 
-/// Expects a partition to draw from random data what the restated drawing does, draw by draw, until `nbSubSets` sub-sets
-/// or none is new, and to leave the generator in the same state.
+/// Expects a partition to draw from random data what the restated drawing does, draw by draw, until `nbSubSets`
+/// sub-sets or none is new, and to leave the generator in the same state.
 template <class GridPartition>
 void expectRestatedDraws(unsigned int seed, std::size_t nbData, std::size_t nbAxes, ovUInt32 nbBuckets, ovUInt32 size,
                          int nbSubSets)
