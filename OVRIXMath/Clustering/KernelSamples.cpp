@@ -42,10 +42,12 @@ void KernelSamples<KernelType>::computeRow(const Vector& x, std::size_t begin, s
     for (std::size_t first = begin; first < end; first += tileSize)
     {
         const std::size_t size = std::min(tileSize, end - first);
+        // Samples without coordinates have no columns.
+        const double* const columns = _columns.empty() ? nullptr : _columns.data() + first;
         double* const sums = values + (first - begin);
         std::fill_n(sums, size, 0.0);
         addRows<typename KernelType::Term>(sums, size, x.data().begin(), x.size(),
-                                           EquidistantRows{_columns.data() + first, _data.size()});
+                                           EquidistantRows{columns, _data.size()});
         _kernel.evaluateSums(sums, size);
     }
 }

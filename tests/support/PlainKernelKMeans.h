@@ -393,21 +393,17 @@ struct PlainSpectral
         return W;
     }
 
-    bool compute(ovUInt32 nbClusters, const VectorColl& data,
-                 const math::clustering::KernelKMeansClusteringConfig& config)
+    /// The rows, scaled to unit length unless they are zero.
+    static VectorColl makeUnitRows(const math::Matrix& V)
     {
-        samples = data;
-        eigenValues.resize(nbClusters);
-        eigenVectors.resize(data.size(), nbClusters);
-        math::eigenPartialDecomposition(affinities(kernel, data), eigenValues, eigenVectors);
         VectorColl rows;
-        for (std::size_t i = 0; i < data.size(); ++i)
+        for (std::size_t i = 0; i < V.size1(); ++i)
         {
-            math::Vector row(nbClusters);
+            math::Vector row(V.size2());
             double squares = 0.0;
-            for (std::size_t j = 0; j < nbClusters; ++j)
+            for (std::size_t j = 0; j < V.size2(); ++j)
             {
-                row[j] = eigenVectors(i, j);
+                row[j] = V(i, j);
                 squares += row[j] * row[j];
             }
             const double norm = std::sqrt(squares);
@@ -415,7 +411,17 @@ struct PlainSpectral
                 value = norm != 0.0 ? value / norm : value;
             rows.push_back(row);
         }
-        return inner.compute(nbClusters, rows, config);
+        return rows;
+    }
+
+    bool compute(ovUInt32 nbClusters, const VectorColl& data,
+                 const math::clustering::KernelKMeansClusteringConfig& config)
+    {
+        samples = data;
+        eigenValues.resize(nbClusters);
+        eigenVectors.resize(data.size(), nbClusters);
+        math::eigenPartialDecomposition(affinities(kernel, data), eigenValues, eigenVectors);
+        return inner.compute(nbClusters, makeUnitRows(eigenVectors), config);
     }
 
     /// The sample in the space of the rows.

@@ -67,6 +67,15 @@ TYPED_TEST(KernelSamplesTest, PartsOfRowsLeaveTheRestAlone)
     }
 }
 
+TYPED_TEST(KernelSamplesTest, PartsOfRowsOfSamplesWithoutCoordinatesAreTheKernelValues)
+{
+    const VectorColl data(3);
+    const KernelSamples<TypeParam> samples(this->kernel, data);
+    std::vector<double> values(2);
+    samples.computeRow(data[0], 1, 3, values.data());
+    this->expectRow(data[0], data, 1, 3, values.data());
+}
+
 TYPED_TEST(KernelSamplesTest, SingleValuesAreThoseOfTheKernel)
 {
     const VectorColl data = this->makeData(5, 3);

@@ -1,5 +1,4 @@
 #include <OVRIXMath/Graph/BipartitePartialMatch.h>
-#include <OVRIXMath/Graph/Munkres.h>
 
 #include <gmock/gmock.h>
 
@@ -7,6 +6,7 @@
 #include <limits>
 #include <random>
 #include <support/ExpectFailure.h>
+#include <support/PlainMatch.h>
 
 namespace ovrix
 {
@@ -24,7 +24,9 @@ const ovUInt32 U = BipartitePartialMatch::getUnAssignedValue();
 const std::string g_notInitialized = "Algorithm has not been initialized";
 const std::string g_notSolved = "Algorithm has not been resolved, can't access associated results";
 
-using Rows = std::vector<std::vector<double>>;
+using Rows = test::WeightRows;
+using test::PlainMatch;
+using test::transposed;
 
 BipartitePartialMatch filled(const Rows& rows, double threshold)
 {
@@ -41,70 +43,6 @@ BipartitePartialMatch solved(const Rows& rows, double threshold)
     match.solve();
     return match;
 }
-
-Rows transposed(const Rows& rows)
-{
-    Rows columns(rows.front().size(), std::vector<double>(rows.size()));
-    for (std::size_t r = 0; r < rows.size(); ++r)
-    {
-        for (std::size_t c = 0; c < rows[r].size(); ++c)
-            columns[c][r] = rows[r][c];
-    }
-    return columns;
-}
-
-/// The matching written out step by step.
-struct PlainMatch
-{
-    PlainMatch(const Rows& rows, double threshold)
-        : rowAssignments(rows.size(), U), columnAssignments(rows.front().size(), U)
-    {
-        const Rows columns = transposed(rows);
-        const auto candidates = [&](const Rows& side)
-        {
-            std::vector<ovUInt32> indices;
-            for (std::size_t i = 0; i < side.size(); ++i)
-            {
-                if (std::any_of(side[i].begin(), side[i].end(), [&](double w) { return threshold < w; }))
-                    indices.push_back(static_cast<ovUInt32>(i));
-            }
-            return indices;
-        };
-        const std::vector<ovUInt32> rowIdx = candidates(rows);
-        const std::vector<ovUInt32> columnIdx = candidates(columns);
-        if (rowIdx.empty())
-            return;
-        if (columnIdx.size() < rowIdx.size())
-            match(columns, threshold, columnIdx, rowIdx, columnAssignments, rowAssignments);
-        else
-            match(rows, threshold, rowIdx, columnIdx, rowAssignments, columnAssignments);
-    }
-
-    void match(const Rows& weights, double threshold, const std::vector<ovUInt32>& firstIdx,
-               const std::vector<ovUInt32>& secondIdx, std::vector<ovUInt32>& first, std::vector<ovUInt32>& second)
-    {
-        Munkres munkres;
-        munkres.init(static_cast<ovUInt32>(firstIdx.size()), static_cast<ovUInt32>(secondIdx.size()));
-        for (ovUInt32 k = 0; k < firstIdx.size(); ++k)
-        {
-            for (ovUInt32 l = 0; l < secondIdx.size(); ++l)
-                munkres.getWeights(k)[l] = weights[firstIdx[k]][secondIdx[l]];
-        }
-        munkres.solve();
-        for (ovUInt32 k = 0; k < firstIdx.size(); ++k)
-        {
-            const ovUInt32 j = secondIdx[munkres.getAssignments()[k]];
-            if (threshold <= weights[firstIdx[k]][j])
-            {
-                first[firstIdx[k]] = j;
-                second[j] = firstIdx[k];
-            }
-        }
-    }
-
-    std::vector<ovUInt32> rowAssignments;
-    std::vector<ovUInt32> columnAssignments;
-};
 
 } // namespace
 

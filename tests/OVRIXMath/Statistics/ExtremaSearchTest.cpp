@@ -1,7 +1,6 @@
 #include <OVRIXMath/Statistics/ExtremaSearch.h>
 #include <OVRIXUtil/NumericLimits.h>
 
-#include <algorithm>
 #include <limits>
 #include <random>
 #include <string>
@@ -9,7 +8,7 @@
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
 #include <support/NumberTypes.h>
-#include <type_traits>
+#include <support/PlainExtrema.h>
 #include <vector>
 
 namespace ovrix
@@ -22,6 +21,10 @@ namespace
 
 using Indices = std::vector<unsigned int>;
 using Ranges = ExtremaRangeColl;
+using test::plainDilatedExtrema;
+using test::plainExpansion;
+using test::plainLocalExtrema;
+using test::plainStrictExtrema;
 
 const eExtremaBorderPolicy g_policies[] = {eEBP_Include, eEBP_Exclude, eEBP_Periodic};
 const eExtremaType g_types[] = {eET_Minima, eET_Maxima};
@@ -49,145 +52,6 @@ Ranges findDilated(const std::vector<T>& values, eExtremaBorderPolicy policy, eE
     Ranges ranges = {{77, 1}};
     findLocalDilatedExtrema<T>(values, policy, type, dilateFactor, ranges);
     return ranges;
-}
-
-// The searches as they are defined, element by element and scan by scan.
-
-template <class T>
-bool beats(T a, T b, eExtremaType type)
-{
-    return type == eET_Minima ? b > a : a > b;
-}
-
-template <class T>
-Indices plainStrictExtrema(const std::vector<T>& v, eExtremaBorderPolicy policy, eExtremaType type)
-{
-    Indices found;
-    const unsigned int n = static_cast<unsigned int>(v.size());
-    if (n < 2)
-        return found;
-    if (policy == eEBP_Include && beats(v[0], v[1], type))
-        found.push_back(0);
-    if (policy == eEBP_Periodic && beats(v[0], v[1], type) && beats(v[0], v[n - 1], type))
-        found.push_back(0);
-    for (unsigned int i = 1; i < n - 2; ++i)
-        if (beats(v[i], v[i - 1], type) && beats(v[i], v[i + 1], type))
-            found.push_back(i);
-    if (policy == eEBP_Include && beats(v[n - 1], v[n - 2], type))
-    {
-        found.push_back(n - 1);
-        if (beats(v[n - 1], v[0], type))
-            found.push_back(n - 1);
-    }
-    return found;
-}
-
-template <class T>
-Ranges plainLocalExtrema(const std::vector<T>& values, eExtremaBorderPolicy policy, eExtremaType type)
-{
-    const T min = NumericLimits<T>::s_min;
-    const T max = NumericLimits<T>::s_max;
-    const int n = static_cast<int>(values.size());
-    std::vector<bool> flags(values.size(), true);
-    bool bForward = true;
-    for (int nbQuietScans = 0; n != 0 && nbQuietScans < 2; bForward = !bForward)
-    {
-        T p = (policy == eEBP_Include) == (type == eET_Minima) ? max : min;
-        bool f = policy != eEBP_Include;
-        if (policy == eEBP_Periodic)
-        {
-            p = bForward ? values.back() : values.front();
-            f = bForward ? flags.back() : flags.front();
-        }
-        int nbChanges = 0;
-        for (int i = bForward ? 0 : n - 1; i >= 0 && i < n; i += bForward ? 1 : -1)
-        {
-            const T v = values[i];
-            const bool bWorse = type == eET_Minima ? v > p : v < p;
-            if (flags[i] && (bWorse || (v == p && !f)))
-            {
-                flags[i] = false;
-                ++nbChanges;
-            }
-            p = v;
-            f = flags[i];
-        }
-        nbQuietScans = nbChanges == 0 ? nbQuietScans + 1 : 0;
-    }
-
-    Ranges ranges;
-    for (int i = 0; i < n; ++i)
-        if (flags[i])
-        {
-            if (i > 0 && flags[i - 1])
-                ++ranges.back().second;
-            else
-                ranges.emplace_back(i, 1);
-        }
-    if (policy == eEBP_Periodic && ranges.size() >= 3 && ranges.front().first == 0 &&
-        ranges.back().first + ranges.back().second == values.size())
-    {
-        ranges.back().second += ranges.front().second;
-        ranges.erase(ranges.begin());
-    }
-    return ranges;
-}
-
-/// A sum in T by way of wider types.
-template <class T>
-T plainShift(T value, T dilateFactor, eExtremaType type)
-{
-    if constexpr (std::is_floating_point<T>::value)
-        return type == eET_Minima ? value + dilateFactor : value - dilateFactor;
-    else
-    {
-        if (type == eET_Maxima && std::is_unsigned<T>::value && value < dilateFactor)
-            return 0;
-        const unsigned long a = static_cast<unsigned long>(value);
-        const unsigned long d = static_cast<unsigned long>(dilateFactor);
-        return static_cast<T>(type == eET_Minima ? a + d : a - d);
-    }
-}
-
-template <class T>
-Ranges plainDilatedExtrema(const std::vector<T>& values, eExtremaBorderPolicy policy, eExtremaType type, T dilateFactor)
-{
-    if (dilateFactor == T(0))
-        return plainLocalExtrema(values, policy, type);
-    std::vector<T> g;
-    for (const T value : values)
-        g.push_back(plainShift(value, dilateFactor, type));
-
-    const int n = static_cast<int>(values.size());
-    bool bForward = true;
-    for (int nbQuietScans = 0; n != 0 && nbQuietScans < 2; bForward = !bForward)
-    {
-        T p = type == eET_Minima ? NumericLimits<T>::s_max : NumericLimits<T>::s_min;
-        if (policy == eEBP_Periodic)
-            p = bForward ? g.back() : g.front();
-        int nbChanges = 0;
-        for (int i = bForward ? 0 : n - 1; i >= 0 && i < n; i += bForward ? 1 : -1)
-        {
-            const T v = values[i];
-            const T old = g[i];
-            g[i] = type == eET_Minima ? std::max(v, std::min(g[i], p)) : std::min(v, std::max(g[i], p));
-            const bool bSame = g[i] == old || (g[i] != g[i] && old != old);
-            nbChanges += bSame ? 0 : 1;
-            p = g[i];
-        }
-        nbQuietScans = nbChanges == 0 ? nbQuietScans + 1 : 0;
-    }
-    return plainLocalExtrema(g, policy, type);
-}
-
-template <class I, class T>
-std::vector<I> plainExpansion(const std::vector<T>& values, const Ranges& ranges)
-{
-    std::vector<I> extrema;
-    for (const ExtremaRange& range : ranges)
-        for (unsigned long i = range.first; i < range.first + range.second; ++i)
-            extrema.push_back(static_cast<I>(i < values.size() ? i : i - values.size()));
-    return extrema;
 }
 
 /// Small numbers, with plateaus.

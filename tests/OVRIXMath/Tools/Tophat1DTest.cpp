@@ -1,11 +1,10 @@
 #include <OVRIXMath/Tools/Tophat1D.h>
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 #include <random>
 #include <support/AllocationCount.h>
 #include <support/NumberTypes.h>
+#include <support/PlainTophat.h>
 #include <vector>
 
 namespace ovrix
@@ -17,6 +16,7 @@ namespace
 {
 
 using Indices = std::vector<int>;
+using test::findPlainly;
 
 template <class T>
 Indices findPeaks(const std::vector<T>& input, eTopHat1DExtremumType type, float width, float threshold)
@@ -33,62 +33,6 @@ Indices findValleys(const std::vector<T>& input, eTopHat1DExtremumType type, flo
     Indices indices = {-5};
     const ovUInt32 nbRuns = tophatThreshold1D<T>(input, true, type, width, 1.0f, threshold, indices);
     EXPECT_EQ(nbRuns, indices.size());
-    return indices;
-}
-
-/// The window's extremum, scanned from its first element.
-template <class T>
-std::vector<T> filterPlainly(const std::vector<T>& source, int r, bool bHighest)
-{
-    const int n = static_cast<int>(source.size());
-    std::vector<T> target;
-    for (int i = 0; i < n; ++i)
-    {
-        T found = source[std::max(0, i - r)];
-        for (int j = std::max(0, i - r); j <= std::min(n - 1, i + r); ++j)
-            if (bHighest ? source[j] > found : source[j] < found)
-                found = source[j];
-        target.push_back(found);
-    }
-    return target;
-}
-
-/// `a - b` in T, by way of wider types.
-template <class T>
-T differencePlainly(T a, T b)
-{
-    if constexpr (std::is_floating_point<T>::value)
-        return a - b;
-    else
-        return static_cast<T>(static_cast<long>(a) - static_cast<long>(b));
-}
-
-template <class T>
-Indices findPlainly(const std::vector<T>& input, bool bValleys, int type, int r, float threshold)
-{
-    const std::vector<T> filtered = filterPlainly(filterPlainly(input, r, bValleys), r, !bValleys);
-    Indices indices;
-    int first = -1;
-    for (int i = 0; i < static_cast<int>(input.size()); ++i)
-    {
-        const T height = bValleys ? differencePlainly(filtered[i], input[i]) : differencePlainly(input[i], filtered[i]);
-        if (static_cast<float>(height) > threshold)
-        {
-            if (first < 0)
-                first = i;
-        }
-        else if (threshold >= static_cast<float>(height) && first >= 0)
-        {
-            const int last = i - 1;
-            int extremum = first;
-            for (int j = first; j <= last; ++j)
-                if (bValleys ? input[j] < input[extremum] : input[j] > input[extremum])
-                    extremum = j;
-            const int choices[] = {(first + last) / 2, first, last, extremum};
-            indices.push_back(type <= 3 ? choices[type] : indices.empty() ? choices[0] : indices.back());
-            first = -1;
-        }
-    }
     return indices;
 }
 
