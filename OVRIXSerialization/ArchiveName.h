@@ -27,8 +27,8 @@ T loadBytes(const char* p)
     return bytes;
 }
 
-/// Whether both names hold the same bytes. It is asked for each item: most names are so short that a call of std::memcmp
-/// would take longer than their comparison, and so would saving the registers around it.
+/// Whether both names hold the same bytes. It is asked for each item: most names are so short that a call of
+/// std::memcmp would take longer than their comparison, and so would saving the registers around it.
 inline bool areSameNames(std::string_view first, std::string_view second)
 {
     const std::size_t size = first.size();

@@ -16,9 +16,9 @@ class BaseSerializationObject;
 /// An archive that is being written.
 ///
 /// Values are written as items: `archive << makeOItem("size", size)`. The operations below are what items and objects
-/// stand on. All of them raise an OVRIXSerializationException when the stream fails, or when the archive is closed. Once
-/// the stream has failed everything raises, close() too, also when the stream has been cleared: what it holds is no
-/// archive, and writing starts again with a new one.
+/// stand on. All of them raise an OVRIXSerializationException when the stream fails, or when the archive is closed.
+/// Once the stream has failed everything raises, close() too, also when the stream has been cleared: what it holds is
+/// no archive, and writing starts again with a new one.
 class OVRIXSERIALIZATION_EXPORT BaseOArchive : public BaseArchive
 {
 public:
@@ -51,8 +51,8 @@ public:
     ///
     /// @param name name of the object's section
     /// @param pObject the object, or null
-    /// @throws OVRIXSerializationException when no class of its name is registered with DynamicObjectFactory, so that it
-    ///         could not be read back
+    /// @throws OVRIXSerializationException when no class of its name is registered with DynamicObjectFactory, so that
+    ///         it could not be read back
     void writeObject(std::string_view name, const BaseSerializationObject* pObject);
 
     /// Completes the archive and flushes the stream. A second call does nothing; one after a failure raises again.

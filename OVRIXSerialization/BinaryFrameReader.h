@@ -14,7 +14,8 @@ namespace details
 {
 
 /// Joins the frames of a binary archive to the stream of bytes that was cut into them. No function returns before the
-/// checksums of the frames that it read have been found right; when one raises, the caller's memory holds anything. Everything raises on an archive that is broken or cut short.
+/// checksums of the frames that it read have been found right; when one raises, the caller's memory holds anything.
+/// Everything raises on an archive that is broken or cut short.
 class BinaryFrameReader
 {
 public:

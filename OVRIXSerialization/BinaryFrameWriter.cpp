@@ -42,8 +42,8 @@ void BinaryFrameWriter::write(const void* pData, std::size_t size)
     }
     if (getBufferedSize() > 0)
         writeBuffer(0);
-    // The end stays in the buffer: an archive that ends here ends with a frame that its reader needs. One without content
-    // would be left in the stream, where the next archive is expected.
+    // The end stays in the buffer: an archive that ends here ends with a frame that its reader needs. One without
+    // content would be left in the stream, where the next archive is expected.
     while (size > s_bufferSize)
     {
         const std::size_t part = std::min(size - 1, g_blockFrameSize);

@@ -15,8 +15,8 @@ namespace ovrix
 /// Reads the binary archive form.
 ///
 /// The stream must be open in binary mode and outlive the archive. Nothing is read of the stream beyond what is asked
-/// for, but for the rest of a frame. So the stream stands behind an archive of this library when its last entry has been
-/// read, or when peekEntry() has given eAE_ArchiveEnd, which is how to get behind an archive that may be empty.
+/// for, but for the rest of a frame. So the stream stands behind an archive of this library when its last entry has
+/// been read, or when peekEntry() has given eAE_ArchiveEnd, which is how to get behind an archive that may be empty.
 ///
 /// ```cpp
 /// std::ifstream file("results.bin", std::ios::binary);
@@ -46,7 +46,7 @@ public:
     ArchiveEntry peekEntry() override;
 
 protected:
-    std::size_t openBlock(std::size_t size) override;
+    BlockGrant openBlock(std::size_t size) override;
     void readBlockPart(void* pData, std::size_t size) override;
 
 private:

@@ -18,8 +18,8 @@ namespace details
 
 /// Numbers names from 1 on, in the order in which they are added.
 ///
-/// Archives repeat names in the same order from object to object. So each name remembers which one was looked for behind
-/// it the last time, and that one is tried before the table is asked.
+/// Archives repeat names in the same order from object to object. So each name remembers which one was looked for
+/// behind it the last time, and that one is tried before the table is asked.
 class OVRIXSERIALIZATION_EXPORT NameIndex
 {
 public:
@@ -32,7 +32,7 @@ public:
         return search(name);
     }
 
-    /// Adds a name that is not among them.
+    /// Adds a name that is not among them. Where memory is short it throws, and the name is not among them.
     ///
     /// @return its number
     std::size_t add(std::string_view name);

@@ -48,13 +48,13 @@
 /// library from whose classes others derive, the header declares the class's SerializableClass an `extern template` and
 /// the source file instantiates it.
 ///
-/// A class whose items must fit together has a third private function, `void finishRead(const BaseIArchive& archive)`.
-/// It is called when the items have been read, and raises for what no object of the class can be: archives come from
-/// anywhere.
+/// A class whose items must fit together has a third private function, `const char* findInconsistency() const`. It is
+/// called when the items have been read, and says what keeps them from being those of an object of the class, such as "it
+/// ends before it begins"; reading raises then. It returns null when there is nothing. Archives come from anywhere.
 ///
-/// A class whose objects can be not initialised has a fourth one, `void cancelRead()`. It is called when reading the object
-/// has failed, in the class or in one that is derived from it, and makes the object not initialised: what was read in part
-/// must not pass for what was written. A class without it does what its base does.
+/// A class whose objects can be not initialised has a fourth one, `void cancelRead()`. It is called when reading the
+/// object has failed, in the class or in one that is derived from it, and makes the object not initialised: what was read
+/// in part must not pass for what was written. A class without it does what its base does.
 ///
 /// SerializableClass.h shows how a class that has changed its items reads those of its older versions.
 
@@ -102,8 +102,8 @@ protected:
     using SerializableClass<Derived, Base>::SerializableClass;
 };
 
-/// A serialisable class whose objects can be copied; what they hold by shared pointer is shared. The base of an abstract
-/// one: a concrete class says how its objects are duplicated.
+/// A serialisable class whose objects can be copied; what they hold by shared pointer is shared. The base of an
+/// abstract one: a concrete class says how its objects are duplicated.
 template <class Derived, class Base>
 class CopiedClass : public SerializableClass<Derived, Base>
 {

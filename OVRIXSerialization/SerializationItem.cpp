@@ -1,4 +1,5 @@
 #include <OVRIXSerialization/ArchiveSectionManager.h>
+#include <OVRIXSerialization/EmptyIArchive.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/SerializationItem.h>
 
@@ -28,8 +29,8 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BoolRes
     return archive;
 }
 
-// Objects come in large numbers, so their sections do without ArchiveSectionManager: it asks for exceptions that are under
-// way, which takes longer than writing an item. An exception leaves the section open here too.
+// Objects come in large numbers, so their sections do without ArchiveSectionManager: it asks for exceptions that are
+// under way, which takes longer than writing an item. An exception leaves the section open here too.
 
 BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<BaseSerializationObject>& item)
 {
@@ -43,11 +44,19 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<BaseSer
 
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BaseSerializationObject>& item)
 {
-    archive.openSection(item.getName());
-    const BoolResult result = item.getValue().read(archive);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, item.getValue().getClassName(), archive.getSectionPath(),
-                                    result.getMessage());
-    archive.closeSection();
+    try
+    {
+        archive.openSection(item.getName());
+        const BoolResult result = item.getValue().read(archive);
+        OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, item.getValue().getClassName(), archive.getSectionPath(),
+                                        result.getMessage());
+        archive.closeSection();
+    }
+    catch (...)
+    {
+        details::cancelRead(item.getValue());
+        throw;
+    }
     return archive;
 }
 

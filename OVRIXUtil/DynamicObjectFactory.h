@@ -28,8 +28,8 @@ public:
     /// The process-wide factory. It lives until the process ends.
     static DynamicObjectFactory& getInstance();
 
-    /// Records the creators of a class; a class that is registered already gets the new ones. A creator may be null: the
-    /// class can't be created in that way then.
+    /// Records the creators of a class; a class that is registered already gets the new ones. A creator may be null:
+    /// the class can't be created in that way then.
     void registerClass(const std::string& name, NewCreator newCreator, SharedCreator sharedCreator);
 
     /// Forgets a class; an unknown name is ignored.
