@@ -9,8 +9,8 @@ namespace ovrix
 namespace
 {
 
-/// Opens a section for which there is no room in the list of them. The room comes first, so that a section that is opened
-/// is recorded as well. It stands apart to keep the way of all other sections short.
+/// Opens a section for which there is no room in the list of them. The room comes first, so that a section that is
+/// opened is recorded as well. It stands apart to keep the way of all other sections short.
 [[gnu::cold, gnu::noinline]] void openWithRoom(BaseArchive& archive, std::vector<std::string_view>& openSections,
                                                std::string_view name)
 {

@@ -57,8 +57,8 @@ public:
 
     /// Opens a section inside the current one; see ArchiveSectionManager.
     ///
-    /// @throws OVRIXSerializationException when sections would be nested deeper than s_maxSectionDepth, when the name is
-    ///         longer than s_maxNameSize, or when an input archive holds something else
+    /// @throws OVRIXSerializationException when sections would be nested deeper than s_maxSectionDepth, when the name
+    ///         is longer than s_maxNameSize, or when an input archive holds something else
     void openSection(std::string_view name);
 
     /// Closes the current section.

@@ -41,9 +41,9 @@ private:
     void processCloseSection() override;
 };
 
-/// Makes an object not initialised if it can be so. Its class is not known here, but that is how it leaves an object that
-/// could not be read, so this lets it read an EmptyIArchive. (A virtual function for it would take the slot in which the
-/// derived classes have theirs.)
+/// Makes an object not initialised if it can be so. Its class is not known here, but that is how the class leaves an
+/// object that could not be read, so this lets it read an EmptyIArchive. (A virtual function for it would take the slot
+/// in which the derived classes have theirs.)
 void cancelRead(BaseSerializationObject& object) noexcept;
 
 } // namespace details

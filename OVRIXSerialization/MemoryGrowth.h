@@ -15,15 +15,15 @@ namespace details
 /// Bytes that memory is filled for at first on an input of unknown length.
 constexpr std::size_t g_firstStepOfPipe = 4096;
 
-/// Bytes that memory is filled for at first on an input of known length. It may be a file with a hole that is larger than
-/// any memory and takes no place on its disk.
+/// Bytes that memory is filled for at first on an input of known length. It may be a file with a hole that is larger
+/// than any memory and takes no place on its disk.
 constexpr std::size_t g_firstStepOfFile = std::size_t(1) << 24;
 
-/// Bytes that memory is taken for at first on an input of known length, so that nothing is copied while it is filled. The
-/// system gives memory when it is filled and not when it is taken.
+/// Bytes that memory is taken for at first on an input of known length, so that nothing is copied while it is filled.
+/// The system gives memory when it is filled and not when it is taken.
 constexpr std::size_t g_firstRoomOfFile = std::size_t(1) << 28;
 
-/// For how many of `rest` elements memory may grow once `nbRead` have been read: what was read vouches for as much again.
+/// For how many of `rest` elements memory may grow behind `nbRead`: what was read vouches for as much again.
 ///
 /// @param firstStep elements that nothing needs to vouch for, at least 1
 inline std::size_t getNextStep(std::size_t nbRead, std::size_t rest, std::size_t firstStep)

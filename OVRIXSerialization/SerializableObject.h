@@ -49,12 +49,12 @@
 /// the source file instantiates it.
 ///
 /// A class whose items must fit together has a third private function, `const char* findInconsistency() const`. It is
-/// called when the items have been read, and says what keeps them from being those of an object of the class, such as "it
-/// ends before it begins"; reading raises then. It returns null when there is nothing. Archives come from anywhere.
+/// called when the items have been read, and says what keeps them from being those of an object of the class, such as
+/// "it ends before it begins"; reading raises then. Null stands for nothing. Archives come from anywhere.
 ///
 /// A class whose objects can be not initialised has a fourth one, `void cancelRead()`. It is called when reading the
-/// object has failed, in the class or in one that is derived from it, and makes the object not initialised: what was read
-/// in part must not pass for what was written. A class without it does what its base does.
+/// object has failed, in the class or in one that is derived from it, and makes the object not initialised: what was
+/// read in part must not pass for what was written. A class without it does what its base does.
 ///
 /// SerializableClass.h shows how a class that has changed its items reads those of its older versions.
 
