@@ -1,9 +1,24 @@
 #include <OVRIXSerialization/BaseArchive.h>
+#include <OVRIXSerialization/MemoryGrowth.h>
 #include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 namespace ovrix
 {
+
+namespace
+{
+
+/// Opens a section for which there is no room in the list of them. The room comes first, so that a section that is
+/// opened is recorded as well. It stands apart to keep the way of all other sections short.
+[[gnu::cold, gnu::noinline]] void openWithRoom(BaseArchive& archive, std::vector<std::string_view>& openSections,
+                                               std::string_view name)
+{
+    details::reserveOneMore(openSections);
+    archive.openSection(name);
+}
+
+} // namespace
 
 BaseArchive::BaseArchive(bool bText) : _bText(bText) {}
 
@@ -22,6 +37,7 @@ void BaseArchive::registerClassVersion(std::string_view className, ovUInt32 vers
         _classVersions[number - 1] = version;
         return;
     }
+    details::reserveOneMore(_classVersions);
     _classNames.add(className);
     _classVersions.push_back(version);
 }
@@ -36,6 +52,8 @@ ovUInt32 BaseArchive::getRegisterClassVersion(std::string_view className) const
 void BaseArchive::openSection(std::string_view name)
 {
     OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() < s_maxSectionDepth, 16, s_maxSectionDepth, getSectionPath());
+    if (_openSections.size() == _openSections.capacity())
+        return openWithRoom(*this, _openSections, name);
     _openSections.push_back(processOpenSection(name));
 }
 

@@ -16,7 +16,8 @@ namespace ovrix
 
 /// What output and input archives share: sections, the kind of archive, and the versions of the classes in it.
 ///
-/// An archive is a tree of named sections that hold named items. It is used by one thread at a time.
+/// An archive is a tree of named sections that hold named items. It is used by one thread at a time, which must not be
+/// cancelled meanwhile: that would end the process.
 class OVRIXSERIALIZATION_EXPORT BaseArchive : private boost::noncopyable
 {
 public:
@@ -46,8 +47,8 @@ public:
     /// @throws OVRIXSerializationException when none has been recorded
     ovUInt32 getRegisterClassVersion(std::string_view className) const;
 
-    /// The two above in one: the recorded version of a class, or null when none has been recorded. The pointer is valid
-    /// until the next registerClassVersion().
+    /// The two above in one: the recorded version of a class, or null when none has been recorded. The pointer is
+    /// valid until the next registerClassVersion().
     const ovUInt32* findClassVersion(std::string_view className) const
     {
         const std::size_t number = _classNames.find(className);

@@ -1,5 +1,6 @@
 #include <OVRIXSerialization/BaseIArchive.h>
 #include <OVRIXSerialization/BaseSerializationObject.h>
+#include <OVRIXSerialization/MemoryGrowth.h>
 #include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXUtil/DynamicObjectFactory.h>
@@ -26,7 +27,7 @@ std::size_t BaseIArchive::grantElements(std::size_t count, std::size_t elementSi
 
 void BaseIArchive::setInputSize(std::size_t size)
 {
-    _grantedRest = 2 * size;
+    _grantedRest = 2 * std::min(size, details::g_firstStepOfFile);
 }
 
 boost::shared_ptr<BaseSerializationObject> BaseIArchive::readObject(std::string_view name)
@@ -61,8 +62,7 @@ void BaseIArchive::readContent(BaseSerializationObject& object)
 
 void BaseIArchive::raiseForeignClass(const std::string& wantedName, const BaseSerializationObject& object) const
 {
-    details::raise<details::OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
-        OVRIX_FAILURE_SITE, 13, wantedName, object.getClassName(), getSectionPath());
+    details::raiseFailure(OVRIX_FAILURE_SITE, 13, wantedName, object.getClassName(), getSectionPath());
 }
 
 } // namespace ovrix

@@ -5,11 +5,11 @@
 #include <OVRIXSerialization/BaseArchive.h>
 #include <OVRIXSerialization/ByteOrder.h>
 #include <OVRIXSerialization/Export.h>
+#include <OVRIXSerialization/MemoryGrowth.h>
 
 #include <boost/pointer_cast.hpp>
 #include <boost/shared_ptr.hpp>
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -47,11 +47,12 @@ public:
     /// Reads a block of exactly `size` bytes; not for text archives. When it raises, the memory holds anything.
     void readBlock(void* pData, std::size_t size);
 
-    /// Reads a block of `count` numbers into memory that grows while the input turns out to be long enough: at once
-    /// where its length is known, step by step on a pipe.
+    /// Reads a block of `count` numbers into memory that grows while the input turns out to hold them: no file and no
+    /// pipe makes its reader fill memory with more than it has read and 16 MiB.
     ///
-    /// @param resize called with a number of elements, at most `count`; makes room for them, keeps those that were read
-    ///        before and returns the address of the first
+    /// @param resize called with a number of elements, at most `count`, and a capacity that is not below it; makes room
+    ///        for the elements, keeps those that were read before and returns the address of the first. Memory may be
+    ///        taken for the capacity as long as it is not written to: what is read next goes there without a copy.
     template <class T, class Resize>
     void readArray(std::size_t count, Resize&& resize);
 
@@ -63,7 +64,8 @@ public:
 
     /// For how many of `count` elements of a container memory may be taken before they are read, once
     /// checkRemainingSize() has let them pass. All that an archive grants together takes at most twice the memory of
-    /// its input, however its containers lie in each other. On an input of unknown length it grants nothing.
+    /// its input, at most 32 MiB, however its containers lie in each other. On an input of unknown length it grants
+    /// nothing.
     ///
     /// @param elementSize bytes of an element in memory
     std::size_t grantElements(std::size_t count, std::size_t elementSize);
@@ -86,11 +88,18 @@ public:
 protected:
     using BaseArchive::BaseArchive;
 
+    /// Memory that may be taken for a block before its bytes are read, see MemoryGrowth.h.
+    struct BlockGrant
+    {
+        /// Bytes that may be filled.
+        std::size_t step;
+
+        /// Bytes that may be taken; not below the other.
+        std::size_t room;
+    };
+
     /// Begins a block of exactly that size.
-    ///
-    /// @return for how many of its bytes memory may be taken before they are read, at least 1 for a block that is not
-    ///         empty
-    virtual std::size_t openBlock(std::size_t size) = 0;
+    virtual BlockGrant openBlock(std::size_t size) = 0;
 
     /// Reads the next bytes of the block.
     virtual void readBlockPart(void* pData, std::size_t size) = 0;
@@ -129,18 +138,18 @@ template <class T, class Resize>
 void BaseIArchive::readArray(std::size_t count, Resize&& resize)
 {
     checkRemainingSize(count, sizeof(T));
-    const std::size_t granted = openBlock(count * sizeof(T));
+    const BlockGrant grant = openBlock(count * sizeof(T));
     std::size_t nbRead = 0;
     do
     {
-        // What was read vouches for as much again.
-        const std::size_t step = std::max({granted / sizeof(T), nbRead, std::size_t(1)});
-        const std::size_t next = nbRead + std::min(step, count - nbRead);
-        T* const pFirst = resize(next) + nbRead;
-        readBlockPart(pFirst, (next - nbRead) * sizeof(T));
+        const std::size_t rest = count - nbRead;
+        const std::size_t step = details::getNextStep(nbRead, rest, grant.step / sizeof(T));
+        const std::size_t room = details::getNextStep(nbRead, rest, grant.room / sizeof(T));
+        T* const pFirst = resize(nbRead + step, nbRead + room) + nbRead;
+        readBlockPart(pFirst, step * sizeof(T));
         if constexpr (!details::g_bLittleEndian)
-            details::reverseElements(pFirst, next - nbRead, sizeof(T));
-        nbRead = next;
+            details::reverseElements(pFirst, step, sizeof(T));
+        nbRead += step;
     } while (nbRead < count);
 }
 

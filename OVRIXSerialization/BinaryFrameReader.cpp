@@ -1,5 +1,6 @@
 #include <OVRIXSerialization/BinaryForm.h>
 #include <OVRIXSerialization/BinaryFrameReader.h>
+#include <OVRIXSerialization/MemoryGrowth.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <algorithm>
@@ -14,9 +15,6 @@ namespace details
 
 namespace
 {
-
-/// The first step in which memory is taken for a frame on an input of unknown length.
-constexpr std::size_t g_firstStep = 4096;
 
 std::string toHex(std::uint64_t value)
 {
@@ -104,9 +102,10 @@ void BinaryFrameReader::loadFrame(const Header& header)
 {
     const std::size_t size = header.length & ~g_lastFrameFlag;
     beginFrame(0);
+    const std::size_t firstStep = isLengthKnown() ? g_firstStepOfFile : g_firstStepOfPipe;
     for (std::size_t nbRead = 0; nbRead < size;)
     {
-        const std::size_t step = isLengthKnown() ? size : std::max(g_firstStep, nbRead);
+        const std::size_t step = getNextStep(nbRead, size - nbRead, firstStep);
         const std::size_t next = std::min(size, std::max(nbRead + step, _capacity));
         if (next > _capacity)
         {

@@ -2,6 +2,7 @@
 #include <OVRIXSerialization/BinaryForm.h>
 #include <OVRIXSerialization/BinaryFrameReader.h>
 #include <OVRIXSerialization/BinaryIArchive.h>
+#include <OVRIXSerialization/MemoryGrowth.h>
 #include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
@@ -15,14 +16,6 @@
 
 namespace ovrix
 {
-
-namespace
-{
-
-/// Bytes of strings and blocks that memory is taken for at a time on an input of unknown length.
-constexpr std::size_t g_sizeStep = 4096;
-
-} // namespace
 
 /// Makes entries of bytes.
 class BinaryIArchive::Decoder
@@ -126,11 +119,13 @@ public:
             value.assign(p, size);
             return;
         }
+        const BlockGrant grant = getGrant();
         std::string text;
         while (text.size() < size)
         {
             const std::size_t begin = text.size();
-            text.resize(begin + std::min(size - begin, std::max(begin, getGrant())));
+            text.reserve(begin + details::getNextStep(begin, size - begin, grant.room));
+            text.resize(begin + details::getNextStep(begin, size - begin, grant.step));
             _frames.read(&text[begin], text.size() - begin);
         }
         value.swap(text);
@@ -146,10 +141,19 @@ public:
         return _frames.isLengthKnown();
     }
 
-    /// How many bytes memory may be taken for before they are read.
-    std::size_t getGrant() const
+    /// The most bytes that can still follow, as far as the length of the input is known.
+    std::size_t getMaxRest() const
     {
-        return isLengthKnown() ? _frames.getMaxRest() : std::max(_frames.getFrameRest(), g_sizeStep);
+        return _frames.getMaxRest();
+    }
+
+    /// Memory that may be taken for a string or a block before its bytes are read.
+    BlockGrant getGrant() const
+    {
+        if (isLengthKnown())
+            return {details::g_firstStepOfFile, details::g_firstRoomOfFile};
+        const std::size_t step = std::max(_frames.getFrameRest(), details::g_firstStepOfPipe);
+        return {step, step};
     }
 
     /// Checks that so many elements can still follow.
@@ -161,8 +165,8 @@ public:
 
     [[noreturn]] void raiseMalformed(const char* reason) const
     {
-        details::raise<details::OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
-            OVRIX_FAILURE_SITE, 19, reason, static_cast<unsigned long>(_frames.getOffset()), _archive.getSectionPath());
+        details::raiseFailure(OVRIX_FAILURE_SITE, 19, reason, static_cast<unsigned long>(_frames.getOffset()),
+                              _archive.getSectionPath());
     }
 
 private:
@@ -233,7 +237,7 @@ private:
 BinaryIArchive::BinaryIArchive(std::istream& stream) : BaseIArchive(false), _pDecoder(new Decoder(stream, *this))
 {
     if (_pDecoder->isLengthKnown())
-        setInputSize(_pDecoder->getGrant());
+        setInputSize(_pDecoder->getMaxRest());
 }
 
 BinaryIArchive::~BinaryIArchive() = default;
@@ -290,7 +294,7 @@ ArchiveEntry BinaryIArchive::peekEntry()
     return {head.type, std::string(head.name), head.blockSize};
 }
 
-std::size_t BinaryIArchive::openBlock(std::size_t size)
+BaseIArchive::BlockGrant BinaryIArchive::openBlock(std::size_t size)
 {
     const Decoder::Head& head = _pDecoder->peek();
     OVRIXSERIALIZATION_RAISE_UNLESS(head.type == eAE_Block && head.blockSize == size, 18, size, describe(peekEntry()),
@@ -334,8 +338,8 @@ void BinaryIArchive::expectItem(eArchiveEntry type, std::string_view name)
     {
         OVRIXSERIALIZATION_RAISE_UNLESS(head.isItem(name), 1, details::quote(name), describe(peekEntry()),
                                         getSectionPath());
-        OVRIXSERIALIZATION_RAISE_UNLESS(false, 2, details::quote(name), getItemTypeName(type),
-                                        getItemTypeName(head.type), getSectionPath());
+        details::raiseFailure(OVRIX_FAILURE_SITE, 2, details::quote(name), getItemTypeName(type),
+                              getItemTypeName(head.type), getSectionPath());
     }
     _pDecoder->consume();
 }

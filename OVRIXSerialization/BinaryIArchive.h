@@ -46,7 +46,7 @@ public:
     ArchiveEntry peekEntry() override;
 
 protected:
-    std::size_t openBlock(std::size_t size) override;
+    BlockGrant openBlock(std::size_t size) override;
     void readBlockPart(void* pData, std::size_t size) override;
 
 private:

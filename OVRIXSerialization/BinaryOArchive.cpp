@@ -3,6 +3,7 @@
 #include <OVRIXSerialization/BinaryFrameWriter.h>
 #include <OVRIXSerialization/BinaryOArchive.h>
 #include <OVRIXSerialization/NameIndex.h>
+#include <OVRIXSerialization/OArchiveEnd.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <cstdint>
@@ -83,11 +84,11 @@ private:
     void writeNewName(eArchiveEntry type, std::string_view name)
     {
         details::checkNameSize(name.size(), _archive);
+        _lastName = _names.add(name); // first: where it throws, nothing is written
         char* p = _frames.reserve(2);
         *p++ = details::getTag(type);
         _frames.commit(details::storeVarint(p, 0));
         writeBytes(name.data(), name.size());
-        _lastName = _names.add(name);
     }
 
     details::BinaryFrameWriter _frames;
@@ -100,15 +101,7 @@ BinaryOArchive::BinaryOArchive(std::ostream& stream) : BaseOArchive(false), _pEn
 
 BinaryOArchive::~BinaryOArchive()
 {
-    try
-    {
-        if (_pEncoder && !_pEncoder->getStream().hasFailed() && getSectionDepth() == 0)
-            close();
-    }
-    catch (...)
-    {
-        // It has been logged; a destructor can tell no more.
-    }
+    details::finishArchiveQuietly(_pEncoder, *this);
 }
 
 void BinaryOArchive::writeItem(std::string_view name, bool value)
@@ -157,12 +150,7 @@ void BinaryOArchive::writeBlock(const void* pData, std::size_t size)
 
 void BinaryOArchive::close()
 {
-    if (!_pEncoder)
-        return;
-    _pEncoder->getStream().check();
-    OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() == 0, 22, getSectionPath());
-    _pEncoder->finish();
-    _pEncoder.reset();
+    details::finishArchive(_pEncoder, *this);
 }
 
 std::string_view BinaryOArchive::processOpenSection(std::string_view name)

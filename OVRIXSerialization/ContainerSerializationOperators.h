@@ -154,8 +154,9 @@ BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<std::ve
         const ArchiveSectionManager typeSection(archive, "vector");
         if constexpr (details::isBlockType<T>)
         {
-            const auto resize = [&values](std::size_t size)
+            const auto resize = [&values](std::size_t size, std::size_t capacity)
             {
+                values.reserve(capacity);
                 values.resize(size);
                 return values.data();
             };

@@ -1,3 +1,4 @@
+#include <OVRIXSerialization/MemoryGrowth.h>
 #include <OVRIXSerialization/NameIndex.h>
 
 namespace ovrix
@@ -8,6 +9,7 @@ namespace details
 std::size_t NameIndex::add(std::string_view name)
 {
     const std::size_t number = _entries.size();
+    reserveOneMore(_entries);
     const std::string_view kept = _names.emplace_back(name);
     _numbers.emplace(kept, number);
     _entries.push_back({kept, 0});

@@ -32,7 +32,7 @@ public:
         return search(name);
     }
 
-    /// Adds a name that is not among them.
+    /// Adds a name that is not among them. Where memory is short it throws, and the name is not among them.
     ///
     /// @return its number
     std::size_t add(std::string_view name);

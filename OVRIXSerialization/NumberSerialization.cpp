@@ -60,8 +60,8 @@ float narrow(double number)
 
 void raiseOutOfRange(const BaseIArchive& archive, double item, const char* kind, std::size_t size)
 {
-    raise<OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
-        OVRIX_FAILURE_SITE, 3, "value", formatValue(item), kind + std::to_string(8 * size), archive.getSectionPath());
+    raiseFailure(OVRIX_FAILURE_SITE, 3, "value", formatValue(item), kind + std::to_string(8 * size),
+                 archive.getSectionPath());
 }
 
 void writeSize(BaseOArchive& archive, std::string_view name, std::size_t size)

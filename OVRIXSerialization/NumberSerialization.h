@@ -108,8 +108,7 @@ void writeNumbers(BaseOArchive& archive, const T* pFirst, std::size_t count)
 
 /// Reads what writeNumbers() wrote.
 ///
-/// @param resize called with a number of elements, at most `count`; makes room for them, keeps those that were read
-///        before and returns the address of the first
+/// @param resize see BaseIArchive::readArray()
 template <class T, class Resize>
 void readNumbers(BaseIArchive& archive, std::size_t count, Resize&& resize)
 {
@@ -119,7 +118,7 @@ void readNumbers(BaseIArchive& archive, std::size_t count, Resize&& resize)
         return;
     }
     archive.checkRemainingSize(count, g_minEntrySize);
-    T* const pFirst = resize(count);
+    T* const pFirst = resize(count, count);
     for (std::size_t i = 0; i < count; ++i)
     {
         typename NumberItem<T>::Type value;

@@ -26,6 +26,14 @@ struct OVRIXSerializationFailures
     }
 };
 
+/// Raises an OVRIXSerializationException with message `id` of the library's catalogue.
+template <class... Arguments>
+[[noreturn, gnu::always_inline]] inline void raiseFailure(const FailureSite& site, int id,
+                                                          const Arguments&... arguments)
+{
+    raise<OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(site, id, arguments...);
+}
+
 } // namespace details
 } // namespace ovrix
 

@@ -8,8 +8,6 @@
 namespace ovrix
 {
 
-class BaseIArchive;
-
 namespace details
 {
 
@@ -71,11 +69,11 @@ struct SerializableAccess
         Derived::describeItems(items, self);
     }
 
-    /// Has it look at the items that have been read.
+    /// What keeps the items that have been read from fitting together; null when nothing does.
     template <class Derived>
-    static void finishRead(Derived& object, const BaseIArchive& archive)
+    static const char* findInconsistency(const Derived& object)
     {
-        object.finishRead(archive);
+        return object.findInconsistency();
     }
 
     /// Tells it that it has not been read to the end.

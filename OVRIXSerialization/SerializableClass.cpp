@@ -26,5 +26,10 @@ ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className, ovU
     return archiveVersion;
 }
 
+void raiseInconsistency(const BaseIArchive& archive, const char* className, const char* inconsistency)
+{
+    raiseFailure(OVRIX_FAILURE_SITE, 30, className, inconsistency, archive.getSectionPath());
+}
+
 } // namespace details
 } // namespace ovrix

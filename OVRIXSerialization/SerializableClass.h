@@ -59,6 +59,10 @@ OVRIXSERIALIZATION_EXPORT void writeClassVersion(BaseOArchive& archive, std::str
 OVRIXSERIALIZATION_EXPORT ovUInt32 readClassVersion(BaseIArchive& archive, std::string_view className,
                                                     ovUInt32 (*getVersion)());
 
+/// Raises for items that do not fit together.
+[[noreturn]] OVRIXSERIALIZATION_EXPORT void raiseInconsistency(const BaseIArchive& archive, const char* className,
+                                                               const char* inconsistency);
+
 /// Guards the first call of a class's `getTypeName()`.
 template <class Derived>
 struct TypeNameMutex
@@ -174,8 +178,11 @@ protected:
     friend SerializableAccess;
     using Base::Base;
 
-    /// What a class does that has no such function of its own: every value is good.
-    void finishRead(const BaseIArchive&) {}
+    /// What a class finds that has no such function of its own: every value is good.
+    const char* findInconsistency() const
+    {
+        return nullptr;
+    }
 
     /// What a class does that has no such function of its own: what its base does.
     void cancelRead()
@@ -237,7 +244,8 @@ BoolResult SerializableClass<Derived, Base>::read(BaseIArchive& archive)
         details::ItemReader items(archive,
                                   pVersion ? *pVersion : details::readClassVersion(archive, className, getVersion));
         SerializableAccess::describeItems<Derived>(items, object);
-        SerializableAccess::finishRead(object, archive);
+        if (const char* const inconsistency = SerializableAccess::findInconsistency<Derived>(object))
+            details::raiseInconsistency(archive, SerializableAccess::className<Derived>(), inconsistency);
         return true;
     }
     catch (...)

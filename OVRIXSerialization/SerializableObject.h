@@ -49,9 +49,9 @@
 /// library from whose classes others derive, the header declares the class's SerializableClass an `extern template` and
 /// the source file instantiates it.
 ///
-/// A class whose items must fit together has a third private function, `void finishRead(const BaseIArchive& archive)`.
-/// It is called when the items have been read, and raises for what no object of the class can be: archives come from
-/// anywhere.
+/// A class whose items must fit together has a third private function, `const char* findInconsistency() const`. It is
+/// called when the items have been read, and says what keeps them from being those of an object of the class, such as
+/// "it ends before it begins"; reading raises then. Null stands for nothing. Archives come from anywhere.
 ///
 /// A class whose objects can be not initialised has a fourth one, `void cancelRead()`. It is called when reading the
 /// object has failed, in the class or in one that is derived from it, and makes the object not initialised: what was

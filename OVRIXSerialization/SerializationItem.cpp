@@ -1,4 +1,5 @@
 #include <OVRIXSerialization/ArchiveSectionManager.h>
+#include <OVRIXSerialization/EmptyIArchive.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/SerializationItem.h>
 
@@ -43,11 +44,19 @@ BaseOArchive& operator<<(BaseOArchive& archive, const SerializationOItem<BaseSer
 
 BaseIArchive& operator>>(BaseIArchive& archive, const SerializationIItem<BaseSerializationObject>& item)
 {
-    archive.openSection(item.getName());
-    const BoolResult result = item.getValue().read(archive);
-    OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, item.getValue().getClassName(), archive.getSectionPath(),
-                                    result.getMessage());
-    archive.closeSection();
+    try
+    {
+        archive.openSection(item.getName());
+        const BoolResult result = item.getValue().read(archive);
+        OVRIXSERIALIZATION_RAISE_UNLESS(result, 12, item.getValue().getClassName(), archive.getSectionPath(),
+                                        result.getMessage());
+        archive.closeSection();
+    }
+    catch (...)
+    {
+        details::cancelRead(item.getValue());
+        throw;
+    }
     return archive;
 }
 

@@ -4,7 +4,6 @@
 #include <OVRIXSerialization/BaseOArchive.h>
 #include <OVRIXSerialization/BaseSerializationObject.h>
 #include <OVRIXSerialization/Export.h>
-#include <OVRIXSerialization/SerializableAccess.h>
 #include <OVRIXUtil/ProcessingResult.h>
 
 #include <string>
@@ -122,7 +121,8 @@ OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive, const 
 OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive,
                                                    const SerializationOItem<BaseSerializationObject>& item);
 
-/// Reads what was written so, into an object of the same class.
+/// Reads what was written so, into an object of the same class. One that can be not initialised is so when anything
+/// raises, also before its first item and behind its last one.
 OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive,
                                                    const SerializationIItem<BaseSerializationObject>& item);
 
@@ -134,21 +134,12 @@ std::enable_if_t<details::isObjectType<T>, BaseOArchive&> operator<<(BaseOArchiv
     return archive << SerializationOItem<BaseSerializationObject>(item.getName(), item.getValue());
 }
 
-/// Objects are read through their base. One that can be not initialised is so when anything raises, also behind its
-/// last item.
+/// Objects are read through their base.
 template <class T>
 std::enable_if_t<details::isObjectType<T>, BaseIArchive&> operator>>(BaseIArchive& archive,
                                                                      const SerializationIItem<T>& item)
 {
-    try
-    {
-        return archive >> SerializationIItem<BaseSerializationObject>(item.getName(), item.getValue());
-    }
-    catch (...)
-    {
-        SerializableAccess::cancelRead(item.getValue());
-        throw;
-    }
+    return archive >> SerializationIItem<BaseSerializationObject>(item.getName(), item.getValue());
 }
 
 } // namespace ovrix

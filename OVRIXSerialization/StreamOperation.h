@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cxxabi.h>
-
 namespace ovrix
 {
 namespace details
@@ -18,10 +16,6 @@ bool performStreamOperation(const Operation& operation)
     {
         operation();
         return true;
-    }
-    catch (const abi::__forced_unwind&)
-    {
-        throw; // not an exception: the thread is being cancelled
     }
     catch (...)
     {

@@ -32,7 +32,6 @@ template <class Operation>
 void StreamWriter::perform(const Operation& operation)
 {
     check();
-    _bFailed = true; // also when the thread is cancelled meanwhile
     _bFailed = !performStreamOperation(operation) || !_stream.good();
     check();
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 /// @file
 /// What the two sides of the text archive form agree on; docs/guides/archives.md tells the form as a whole.
@@ -40,6 +43,22 @@ std::string formatValue(unsigned long value);
 std::string formatValue(double value);
 /// @}
 
+/// Reads a number that takes up the whole text. `std::from_chars` takes no blank and no plus sign, and neither does
+/// this. `value` is left alone where there is none.
+///
+/// @param base that of an integer, or nothing
+template <class T, class... Base>
+bool parseNumber(std::string_view text, T& value, Base... base)
+{
+    T number;
+    const char* const pEnd = text.data() + text.size();
+    const std::from_chars_result result = std::from_chars(text.data(), pEnd, number, base...);
+    if (result.ec != std::errc() || result.ptr != pEnd)
+        return false;
+    value = number;
+    return true;
+}
+
 /// @name Numbers of texts
 ///
 /// @return whether the whole text is a value of that type; `value` is left alone otherwise
@@ -51,6 +70,9 @@ bool parseValue(std::string_view text, long& value);
 bool parseValue(std::string_view text, unsigned long& value);
 bool parseValue(std::string_view text, double& value);
 /// @}
+
+/// Whether XML has a character of that code.
+bool isXmlCharacter(std::uint32_t code);
 
 /// Length of the XML character that stands first in the text in UTF-8, or 0 when there is none.
 ///
@@ -68,24 +90,6 @@ std::string escape(std::string_view bytes);
 ///
 /// @return whether all backslashes stand as escape() writes them; `bytes` is left alone otherwise
 bool unescape(std::string_view text, std::string& bytes);
-
-/// What the parser of XML does not tell of a document.
-struct TextCheck
-{
-    /// What stands in it that XML forbids and the parser overlooks, or null.
-    const char* reason = nullptr;
-
-    /// The place of that.
-    std::size_t offset = 0;
-
-    /// Whether it goes to the end of its root element at least.
-    bool bComplete = false;
-};
-
-/// Looks for bytes that are no XML character in UTF-8, for references to entities other than the five that are
-/// predefined and to characters that XML doesn't have, and for tags in tags. Comments and processing instructions may
-/// hold ampersands.
-TextCheck checkText(std::string_view text);
 
 } // namespace details
 } // namespace ovrix

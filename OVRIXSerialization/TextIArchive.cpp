@@ -1,7 +1,9 @@
 #include <OVRIXSerialization/ArchiveName.h>
+#include <OVRIXSerialization/MemoryGrowth.h>
 #include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/StreamReader.h>
+#include <OVRIXSerialization/TextCheck.h>
 #include <OVRIXSerialization/TextForm.h>
 #include <OVRIXSerialization/TextIArchive.h>
 
@@ -71,25 +73,31 @@ std::string readFirstCharacter(details::StreamReader& reader, std::size_t& nbSki
     return text;
 }
 
-/// Reads the stream to its end.
+/// Reads the stream to its end, or until there is a zero byte in what has been read: no text holds one, and the hole of
+/// a file gives more of them than memory has room for.
 ///
 /// @param[in,out] text what has been read is put behind it
-void readRest(details::StreamReader& reader, std::string& text)
+/// @return whether the end has been reached
+bool readRest(details::StreamReader& reader, std::string& text)
 {
-    constexpr std::size_t firstStep = 4096;
     const bool bLengthKnown = reader.isLengthKnown();
-    std::size_t step = 0;
-    std::size_t nbRead = 0;
-    do
+    const std::size_t firstStep = bLengthKnown ? details::g_firstStepOfFile : details::g_firstStepOfPipe;
+    const std::size_t firstRoom = bLengthKnown ? details::g_firstRoomOfFile : details::g_firstStepOfPipe;
+    while (true)
     {
-        // What was read vouches for as much again, and for no more.
-        step = bLengthKnown ? reader.getRest() : std::max(firstStep, text.size());
         const std::size_t size = text.size();
+        const std::size_t step = details::getNextStep(size, reader.getRest(), firstStep);
+        text.reserve(size + details::getNextStep(size, reader.getRest(), firstRoom));
         text.resize(size + step);
-        nbRead = reader.read(&text[size], step);
+        const std::size_t nbRead = reader.read(&text[size], step);
         text.resize(size + nbRead);
-    } while (!bLengthKnown && nbRead == step);
+        if (nbRead < step || reader.getRest() == 0)
+            break;
+        if (text.find('\0', size) != std::string::npos)
+            return false;
+    }
     text.shrink_to_fit();
+    return true;
 }
 
 } // namespace
@@ -111,7 +119,7 @@ public:
     {
         if (_next.empty())
             return {_archive.getSectionDepth() > 0 ? eAE_SectionEnd : eAE_ArchiveEnd, std::string(), 0};
-        checkNode(_next.type() == pugi::node_element, "there is text between the elements");
+        checkNode(_next.type() == pugi::node_element, "there is something else than an element");
         const bool bSection = std::strcmp(_next.name(), details::g_textSection) == 0;
         checkNode(bSection || std::strcmp(_next.name(), details::g_textItem) == 0, "there is an unknown element");
         checkNode(countAttributes(_next) == (bSection ? 1 : 2), "there is an element with wrong attributes");
@@ -136,9 +144,10 @@ public:
 
     std::string_view openSection(const std::string& name)
     {
+        const std::string_view kept = _sectionNames.emplace_back(name);
         _section = _next;
         _next = skipMeaningless(_section.first_child());
-        return _sectionNames.emplace_back(name);
+        return kept;
     }
 
     void closeSection()
@@ -171,14 +180,13 @@ private:
         _text = readFirstCharacter(reader, _nbSkipped);
         OVRIXSERIALIZATION_RAISE_UNLESS(!_text.empty(), 8, "it is empty");
         OVRIXSERIALIZATION_RAISE_UNLESS(_text[0] == '<', 8, "it is no XML");
-        readRest(reader, _text);
+        _bReadToEnd = readRest(reader, _text);
     }
 
     /// @param offset place in what was read behind the bytes that were skipped
     [[noreturn]] void raiseMalformed(const std::string& reason, std::size_t offset) const
     {
-        details::raise<details::OVRIXSerializationFailures, eOVRIXSerializationMessage::domain>(
-            OVRIX_FAILURE_SITE, 19, reason, _nbSkipped + offset, _archive.getSectionPath());
+        details::raiseFailure(OVRIX_FAILURE_SITE, 19, reason, _nbSkipped + offset, _archive.getSectionPath());
     }
 
     void checkNode(bool bCorrect, const char* reason) const
@@ -203,7 +211,7 @@ private:
             reason = result.description();
             offset = static_cast<std::size_t>(result.offset);
         }
-        OVRIXSERIALIZATION_RAISE_UNLESS(check.bComplete, 4, "its end", _archive.getSectionPath());
+        OVRIXSERIALIZATION_RAISE_UNLESS(check.bComplete || !_bReadToEnd, 4, "its end", _archive.getSectionPath());
         raiseMalformed(reason, offset);
     }
 
@@ -262,6 +270,7 @@ private:
 
     const BaseArchive& _archive;
     std::string _text; // the tree points into it
+    bool _bReadToEnd = false;
     std::size_t _nbSkipped = 0;
     pugi::xml_document _document;
     pugi::xml_node _section;
@@ -324,10 +333,9 @@ ArchiveEntry TextIArchive::peekEntry()
     return _pDocument->peek();
 }
 
-std::size_t TextIArchive::openBlock(std::size_t)
+BaseIArchive::BlockGrant TextIArchive::openBlock(std::size_t)
 {
-    OVRIXSERIALIZATION_RAISE_UNLESS(!isText(), 21);
-    return 0;
+    details::raiseFailure(OVRIX_FAILURE_SITE, 21);
 }
 
 void TextIArchive::readBlockPart(void*, std::size_t) {}

@@ -44,7 +44,7 @@ public:
 
 protected:
     /// Raises: a text archive holds items only.
-    std::size_t openBlock(std::size_t size) override;
+    BlockGrant openBlock(std::size_t size) override;
     void readBlockPart(void* pData, std::size_t size) override;
 
 private:

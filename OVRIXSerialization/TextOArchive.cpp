@@ -1,5 +1,6 @@
 #include <OVRIXSerialization/ArchiveEntry.h>
 #include <OVRIXSerialization/ArchiveName.h>
+#include <OVRIXSerialization/OArchiveEnd.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/StreamWriter.h>
 #include <OVRIXSerialization/TextForm.h>
@@ -25,16 +26,27 @@ void checkMemory(bool bDone)
         throw std::bad_alloc();
 }
 
-pugi::xml_node appendElement(pugi::xml_node parent, const char* name)
-{
-    pugi::xml_node element = parent.append_child(name);
-    checkMemory(!element.empty());
-    return element;
-}
-
 void appendAttribute(pugi::xml_node element, const char* name, const std::string& value)
 {
     checkMemory(element.append_attribute(name).set_value(value.c_str()));
+}
+
+/// Appends an element and fills it; where memory is short nothing is left of it.
+template <class Fill>
+pugi::xml_node appendElement(pugi::xml_node parent, const char* name, const Fill& fill)
+{
+    const pugi::xml_node element = parent.append_child(name);
+    checkMemory(!element.empty());
+    try
+    {
+        fill(element);
+    }
+    catch (...)
+    {
+        parent.remove_child(element);
+        throw;
+    }
+    return element;
 }
 
 /// Hands what the document makes to a stream.
@@ -64,27 +76,37 @@ public:
         checkMemory(!declaration.empty());
         appendAttribute(declaration, details::g_textVersion, "1.0");
         appendAttribute(declaration, "encoding", "UTF-8");
-        _section = appendElement(_document, details::g_textRoot);
-        appendAttribute(_section, details::g_textFormat, details::g_textFormatName);
-        appendAttribute(_section, details::g_textVersion, details::formatValue(details::g_textVersionNumber));
+        const auto fill = [](pugi::xml_node root)
+        {
+            appendAttribute(root, details::g_textFormat, details::g_textFormatName);
+            appendAttribute(root, details::g_textVersion, details::formatValue(details::g_textVersionNumber));
+        };
+        _section = appendElement(_document, details::g_textRoot, fill);
     }
 
     void addItem(eArchiveEntry type, std::string_view name, const std::string& text)
     {
         details::checkNameSize(name.size(), _archive);
-        const pugi::xml_node item = appendElement(_section, details::g_textItem);
-        appendAttribute(item, details::g_textName, details::escape(name));
-        appendAttribute(item, details::g_textType, getItemTypeName(type));
-        if (!text.empty())
-            checkMemory(item.text().set(text.c_str()));
+        const auto fill = [&](pugi::xml_node item)
+        {
+            appendAttribute(item, details::g_textName, details::escape(name));
+            appendAttribute(item, details::g_textType, getItemTypeName(type));
+            if (!text.empty())
+                checkMemory(item.text().set(text.c_str()));
+        };
+        appendElement(_section, details::g_textItem, fill);
     }
 
     std::string_view openSection(std::string_view name)
     {
         details::checkNameSize(name.size(), _archive);
-        _section = appendElement(_section, details::g_textSection);
-        appendAttribute(_section, details::g_textName, details::escape(name));
-        return _sectionNames.emplace_back(name);
+        const auto fill = [&](pugi::xml_node section)
+        {
+            appendAttribute(section, details::g_textName, details::escape(name));
+            _sectionNames.emplace_back(name);
+        };
+        _section = appendElement(_section, details::g_textSection, fill);
+        return _sectionNames.back();
     }
 
     void closeSection()
@@ -93,7 +115,7 @@ public:
         _sectionNames.pop_back();
     }
 
-    void save()
+    void finish()
     {
         DocumentWriter writer(_stream);
         _document.save(writer, "  ", pugi::format_default, pugi::encoding_utf8);
@@ -117,15 +139,7 @@ TextOArchive::TextOArchive(std::ostream& stream) : BaseOArchive(true), _pDocumen
 
 TextOArchive::~TextOArchive()
 {
-    try
-    {
-        if (_pDocument && !_pDocument->getStream().hasFailed() && getSectionDepth() == 0)
-            close();
-    }
-    catch (...)
-    {
-        // It has been logged; a destructor can tell no more.
-    }
+    details::finishArchiveQuietly(_pDocument, *this);
 }
 
 void TextOArchive::writeItem(std::string_view name, bool value)
@@ -165,17 +179,12 @@ void TextOArchive::writeItem(std::string_view name, std::string_view value)
 
 void TextOArchive::writeBlock(const void*, std::size_t)
 {
-    OVRIXSERIALIZATION_RAISE_UNLESS(!isText(), 21);
+    details::raiseFailure(OVRIX_FAILURE_SITE, 21);
 }
 
 void TextOArchive::close()
 {
-    if (!_pDocument)
-        return;
-    getDocument();
-    OVRIXSERIALIZATION_RAISE_UNLESS(getSectionDepth() == 0, 22, getSectionPath());
-    _pDocument->save();
-    _pDocument.reset();
+    details::finishArchive(_pDocument, *this);
 }
 
 std::string_view TextOArchive::processOpenSection(std::string_view name)

@@ -116,8 +116,9 @@ Bytes readBlock(BaseIArchive& archive, std::size_t size)
 {
     Bytes bytes;
     archive.readArray<unsigned char>(size,
-                                     [&bytes](std::size_t count)
+                                     [&bytes](std::size_t count, std::size_t capacity)
                                      {
+                                         bytes.reserve(capacity);
                                          bytes.resize(count);
                                          return bytes.data();
                                      });

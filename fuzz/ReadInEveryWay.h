@@ -37,8 +37,9 @@ inline void readBlock(BaseIArchive& archive, std::size_t size)
 {
     std::string bytes;
     archive.readArray<char>(size,
-                            [&](std::size_t count)
+                            [&](std::size_t count, std::size_t capacity)
                             {
+                                bytes.reserve(capacity);
                                 bytes.resize(count);
                                 return &bytes[0];
                             });

@@ -5,7 +5,6 @@
 #include <OVRIXMath/Estimation/EstimationUtils.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
-#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <boost/make_shared.hpp>
 
@@ -227,12 +226,6 @@ void EstimationConfig::describeItems(Items& items, Self& self)
     items("_expectedOutlierRatio", self._expectedOutlierRatio);
     items("_successRatio", self._successRatio);
     items("_pDataPartition", self._pDataPartition);
-}
-
-void EstimationConfig::finishRead(const BaseIArchive& archive)
-{
-    const char* const inconsistency = findInconsistency();
-    OVRIXSERIALIZATION_RAISE_UNLESS(!inconsistency, 30, getTypeName(), inconsistency, archive.getSectionPath());
 }
 
 void EstimationConfig::cancelRead()

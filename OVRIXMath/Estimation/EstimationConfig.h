@@ -169,7 +169,6 @@ private:
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
     void copyMembers(const EstimationConfig& other);
-    void finishRead(const BaseIArchive& archive);
     void cancelRead();
 
     /// What no `init` or setter would have accepted of the values that have been read; null when there is nothing.

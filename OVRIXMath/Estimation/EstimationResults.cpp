@@ -4,7 +4,6 @@
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
-#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <algorithm>
 
@@ -219,6 +218,9 @@ ovUInt32 EstimationResults::getNbInliers() const
 template <class Items, class Self>
 void EstimationResults::describeItems(Items& items, Self& self)
 {
+    // The archive holds the flags of a robust success only; those from before the reading count for nothing.
+    if constexpr (Items::s_bReading)
+        self._outlierFlags.clear();
     items("_bInit", self._bInit);
     if (!self._bInit)
         return;
@@ -242,23 +244,18 @@ void EstimationResults::describeItems(Items& items, Self& self)
     items("_nbNonLinearIteration", self._nbNonLinearIteration);
 }
 
-void EstimationResults::finishRead(const BaseIArchive& archive)
-{
-    // The archive holds the flags of a robust success only; those from before the reading count for nothing.
-    if (!_bInit || !_estimationStatus || !_bRobustEstimationDone)
-    {
-        _outlierFlags.clear();
-        return;
-    }
-    OVRIXSERIALIZATION_RAISE_UNLESS(_outlierFlags.size() == _residualsSet.size(), 30, getTypeName(),
-                                    "it has not one outlier flag for each residual", archive.getSectionPath());
-    OVRIXSERIALIZATION_RAISE_UNLESS(computeNbOutliers(_outlierFlags) <= _nbInputData, 30, getTypeName(),
-                                    "it has more outliers than data", archive.getSectionPath());
-}
-
 void EstimationResults::cancelRead()
 {
     clear();
+}
+
+const char* EstimationResults::findInconsistency() const
+{
+    if (!_bInit || !_estimationStatus || !_bRobustEstimationDone)
+        return nullptr;
+    if (_outlierFlags.size() != _residualsSet.size())
+        return "it has not one outlier flag for each residual";
+    return computeNbOutliers(_outlierFlags) <= _nbInputData ? nullptr : "it has more outliers than data";
 }
 
 void EstimationResults::copyMembers(const EstimationResults& other)

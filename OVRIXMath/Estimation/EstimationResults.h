@@ -179,8 +179,10 @@ private:
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
     void copyMembers(const EstimationResults& other);
-    void finishRead(const BaseIArchive& archive);
     void cancelRead();
+
+    /// What is wrong with the flags that have been read; null when nothing is.
+    const char* findInconsistency() const;
 
     void initCommon(const EstimationConfig& config, ovUInt32 nbEstimParams, ovUInt32 inputDataSize,
                     ovUInt32 nbMinDataForEstimation, ovUInt32 nbMinDataForRobustEstimation, ovUInt32 nbInputData);

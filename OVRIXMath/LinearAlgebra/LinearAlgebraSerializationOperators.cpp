@@ -87,12 +87,12 @@ BaseIArchive& readBounded(BaseIArchive& archive, const SerializationIItem<T>& it
 template <class Storage>
 void readElements(BaseIArchive& archive, std::size_t count, Storage& storage)
 {
-    const auto resize = [&storage](std::size_t size)
+    const auto resize = [&storage](std::size_t, std::size_t capacity)
     {
         if (storage.size() == 0)
-            storage.resize(size); // without setting elements that are about to be read
-        else
-            storage.resize(size, 0.0);
+            storage.resize(capacity); // without setting elements that are about to be read
+        else if (storage.size() < capacity)
+            storage.resize(capacity, 0.0);
         return storage.begin();
     };
     details::readNumbers<double>(archive, count, resize);

@@ -2,7 +2,6 @@
 #include <OVRIXMath/Statistics/BaseHistogram.h>
 #include <OVRIXMath/Statistics/StatisticsLogMessages.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
-#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXUtil/NumericLimits.h>
 
 #include <algorithm>
@@ -262,13 +261,6 @@ void BaseHistogram::describeItems(Items& items, Self& self)
     items("_inBoundsBinOffset", self._inBoundsBinOffset);
     items("_histogramPopulation", self._histogramPopulation);
     items("_cumulatedHistogramPopulation", self._cumulatedHistogramPopulation);
-}
-
-void BaseHistogram::finishRead(const BaseIArchive& archive)
-{
-    const char* const inconsistency = findInconsistency();
-    OVRIXSERIALIZATION_RAISE_UNLESS(inconsistency == nullptr, 30, getTypeName(), inconsistency,
-                                    archive.getSectionPath());
 }
 
 /// Half of the items must not be taken for a histogram.

@@ -277,7 +277,6 @@ private:
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
     void copyMembers(const BaseHistogram& other);
-    void finishRead(const BaseIArchive& archive);
     void cancelRead();
 
     const char* findInconsistency() const;

@@ -89,7 +89,7 @@ struct ArchivePeer
     /// Small objects held by pointers to their base class, binary.
     ArchiveTaskFactory makePointers = nullptr;
 
-    /// As the first three, in XML.
+    /// As the first two, in XML.
     ArchiveTaskFactory makeTextVector = nullptr;
     ArchiveTaskFactory makeTextObjects = nullptr;
 };

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 #include <support/ArchiveForms.h>
+#include <support/BinaryArchiveBytes.h>
 #include <support/ExpectFailure.h>
 
 namespace ovrix
@@ -51,7 +52,7 @@ TYPED_TEST(ArchiveLimits, SectionsNestedTooDeepAreNotWritten)
     openTooMany(archive);
 }
 
-TEST(ArchiveLimits, SectionsNestedTooDeepAreNotRead)
+TEST(ArchiveLimits, SectionsOfATextArchiveNestedTooDeepAreNotRead)
 {
     std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<archive format=\"OVRIXArchive\" version=\"1\">\n";
     for (std::size_t i = 0; i <= g_maxDepth; ++i)
@@ -60,6 +61,17 @@ TEST(ArchiveLimits, SectionsNestedTooDeepAreNotRead)
         text += "</section>";
     std::istringstream stream(text + "</archive>\n");
     TextIArchive archive(stream);
+    openTooMany(archive);
+}
+
+TEST(ArchiveLimits, SectionsOfABinaryArchiveNestedTooDeepAreNotRead)
+{
+    std::string content("{\0\1s", 4);
+    for (std::size_t i = 0; i < g_maxDepth; ++i)
+        content += "{\1";
+    content += std::string(g_maxDepth + 1, '}');
+    std::istringstream stream(makeBinaryArchive({content}));
+    BinaryIArchive archive(stream);
     openTooMany(archive);
 }
 

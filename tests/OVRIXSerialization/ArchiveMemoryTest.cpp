@@ -1,6 +1,8 @@
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
 
+#include <fstream>
 #include <map>
+#include <new>
 #include <set>
 #include <sstream>
 #include <streambuf>
@@ -9,6 +11,7 @@
 #include <support/ArchiveForms.h>
 #include <support/BinaryArchiveBytes.h>
 #include <support/PipeStream.h>
+#include <support/SparseFile.h>
 #include <vector>
 
 namespace ovrix
@@ -78,6 +81,73 @@ private:
 };
 
 using std::string_literals::operator""s;
+
+constexpr std::size_t g_mebibyte = std::size_t(1) << 20;
+
+/// Reads a value of that type from a file that begins with the bytes and goes on with a hole. That must raise, and the
+/// memory that it fills must not be that of the hole.
+template <class Form, class T>
+void expectRaisesInFrontOfAHole(const std::string& bytes)
+{
+    const SparseFile sparse("hole", bytes);
+    if (!sparse.exists())
+        GTEST_SKIP() << "The file system has no holes";
+    const std::size_t peak = getPeakMemory();
+    const auto read = [&]
+    {
+        std::ifstream file(sparse.getPath(), std::ios::binary);
+        T value;
+        const auto readValue = [&]
+        {
+            typename Form::IArchive archive(file);
+            archive >> makeIItem("value", value);
+        };
+        EXPECT_THROW(readValue(), OVRIXSerializationException);
+    };
+    EXPECT_LE(findLargestAllocation(read), 257 * g_mebibyte);
+    EXPECT_LE(getPeakMemory() - peak, 100 * g_mebibyte);
+}
+
+/// Frames of an archive that goes on behind them.
+std::string beginBinaryArchive(const std::string& content)
+{
+    return makeBinaryHeader() + makeBinaryFrame(content, 0, false);
+}
+
+/// Does it, and does it again where memory was short.
+template <class Operation>
+void insist(const Operation& operation)
+{
+    try
+    {
+        operation();
+    }
+    catch (const std::bad_alloc&)
+    {
+        operation();
+    }
+}
+
+constexpr unsigned int g_nbSections = 40;
+
+std::string getSectionName(unsigned int i)
+{
+    return "a section with a long name, number " + std::to_string(i);
+}
+
+/// Writes sections in each other, with an item in each, and registers classes, where each operation is done again that
+/// failed for lack of memory.
+void writeInsistently(BaseOArchive& archive)
+{
+    for (unsigned int i = 0; i < g_nbSections; ++i)
+    {
+        insist([&] { archive.openSection(getSectionName(i)); });
+        insist([&] { archive.registerClassVersion(getSectionName(i), i); });
+        insist([&] { archive.writeItem(getSectionName(i) + ", its item", i); });
+    }
+    for (unsigned int i = 0; i < g_nbSections; ++i)
+        archive.closeSection();
+}
 
 } // namespace
 
@@ -225,6 +295,56 @@ TEST(ArchiveMemory, AllContainersOfAnArchiveShareWhatItGrants)
     EXPECT_GT(rest, 100u);
     EXPECT_LE(8 * (100 + rest), 2 * bytes.size());
     EXPECT_EQ(archive.grantElements(1000000, 8), 0u);
+}
+
+TEST(ArchiveMemory, ABlockInFrontOfAHoleFillsLittleMemory)
+{
+    const std::string head = "{\0\5value{\0\6vectoru\0\4size\0\x28\x6B\xEE"s; // 4 billion elements
+    const std::string blockHead = "#\x80\xC0\xAF\xA0\x77"s;                   // of 8 bytes each
+    expectRaisesInFrontOfAHole<BinaryForm, std::vector<double>>(beginBinaryArchive(head + blockHead));
+}
+
+TEST(ArchiveMemory, AStringInFrontOfAHoleFillsLittleMemory)
+{
+    const std::string size = "\x80\xA0\x94\xA5\x8D\x1D"; // 10^12
+    expectRaisesInFrontOfAHole<BinaryForm, std::string>(beginBinaryArchive("s\0\5value"s + size));
+}
+
+TEST(ArchiveMemory, ElementsInFrontOfAHoleFillLittleMemory)
+{
+    const std::string head = "{\0\5value{\0\6vectoru\0\4size\0\x28\x6B\xEE"s; // 4 billion elements
+    expectRaisesInFrontOfAHole<BinaryForm, std::vector<std::string>>(beginBinaryArchive(head));
+}
+
+TEST(ArchiveMemory, ATextInFrontOfAHoleFillsLittleMemory)
+{
+    const std::string text = save<TextForm>(7);
+    expectRaisesInFrontOfAHole<TextForm, int>(text.substr(0, text.find("</archive>")));
+    expectRaisesInFrontOfAHole<TextForm, int>(text);
+}
+
+TYPED_TEST(ArchiveMemory, WhatFailsForLackOfMemoryCanBeDoneAgain)
+{
+    const std::string bytes = writeArchive<TypeParam>(writeInsistently);
+    bool bFailed = true;
+    std::size_t nbFailures = 0;
+    for (; bFailed; ++nbFailures)
+    {
+        std::ostringstream stream;
+        stream.str(std::string(2 * bytes.size(), ' '));
+        stream.seekp(0);
+        typename TypeParam::OArchive archive(stream);
+        {
+            const FailingAllocation failure(nbFailures);
+            writeInsistently(archive);
+            bFailed = failure.hasFailed();
+        }
+        for (unsigned int i = 0; i < g_nbSections; ++i)
+            ASSERT_EQ(archive.getRegisterClassVersion(getSectionName(i)), i);
+        archive.close();
+        ASSERT_EQ(stream.str().substr(0, bytes.size()), bytes) << "failure of allocation " << nbFailures;
+    }
+    EXPECT_GT(nbFailures, 3 * g_nbSections);
 }
 
 TEST(ArchiveMemory, WritingItemsTakesNoMemoryPerItem)

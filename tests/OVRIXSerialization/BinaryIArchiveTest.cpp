@@ -218,6 +218,25 @@ TEST(BinaryIArchive, BytesThatAreNoEntryRaise)
                   makeBinaryArchive({"#\x80\x80\x80\x80\x80\x80\x80\x80\x80\x80\x01"s}));
 }
 
+TEST(BinaryIArchive, SizesMayTakeMoreBytesThanTheyNeed)
+{
+    // The name "a" under the number 0, then under the number 1, in two and in three bytes.
+    const std::string content = "i\x80\0\x81\x80\0a\1\0\0\0i\x81\0\2\0\0\0i\x81\x80\0\3\0\0\0#\x83\0xyz"s;
+    readArchive<BinaryForm>(makeBinaryArchive({content}),
+                            [](BaseIArchive& archive)
+                            {
+                                for (int i = 1; i <= 3; ++i)
+                                {
+                                    int value = 0;
+                                    archive >> makeIItem("a", value);
+                                    EXPECT_EQ(value, i);
+                                }
+                                char block[3];
+                                archive.readBlock(block, 3);
+                                EXPECT_EQ(std::string(block, 3), "xyz");
+                            });
+}
+
 TEST(BinaryIArchive, ATruthThatIsNeitherRaises)
 {
     bool value = true;

@@ -1,9 +1,10 @@
-#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXSerialization/SerializableClass.h>
 
+#include <sstream>
 #include <string>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
+#include <support/LogCapture.h>
 #include <support/SerializableObjects.h>
 
 namespace ovrix
@@ -39,10 +40,9 @@ private:
         _end = other._end;
     }
 
-    void finishRead(const BaseIArchive& archive)
+    const char* findInconsistency() const
     {
-        OVRIXSERIALIZATION_RAISE_UNLESS(_begin <= _end, 30, getTypeName(), "it ends before it begins",
-                                        archive.getSectionPath());
+        return _begin <= _end ? nullptr : "it ends before it begins";
     }
 };
 
@@ -168,9 +168,9 @@ private:
 
     void copyMembers(const Reading&) {}
 
-    void finishRead(const BaseIArchive& archive)
+    const char* findInconsistency() const
     {
-        OVRIXSERIALIZATION_RAISE_UNLESS(_value >= 0.0, 30, getTypeName(), "it is negative", archive.getSectionPath());
+        return _value >= 0.0 ? nullptr : "it is negative";
     }
 
     void cancelRead()
@@ -197,6 +197,31 @@ private:
     }
 
     void copyMembers(const LabelledReading&) {}
+};
+
+/// A class with an item of its own whose base refuses to be written, or to be read.
+class DerivedRefusal : public CopyableObject<DerivedRefusal, Refusal>
+{
+public:
+    bool _bInit = true;
+
+private:
+    friend SerializableAccess;
+    static constexpr const char* s_className = "test::DerivedRefusal";
+    static constexpr ovUInt32 s_classVersion = 1;
+
+    template <class Items, class Self>
+    static void describeItems(Items& items, Self& self)
+    {
+        items("_bInit", self._bInit);
+    }
+
+    void copyMembers(const DerivedRefusal&) {}
+
+    void cancelRead()
+    {
+        _bInit = false;
+    }
 };
 
 template <class T>
@@ -497,6 +522,70 @@ TYPED_TEST(SerializableClass, ADerivedObjectThatIsReadInPartIsNotInitialised)
     EXPECT_THROW(load<TypeParam>(bytes, labelled), OVRIXSerializationException);
     EXPECT_EQ(labelled._value, 8.0);
     EXPECT_FALSE(labelled._bInit);
+}
+
+TYPED_TEST(SerializableClass, AnObjectThatIsReadThroughItsBaseIsNotInitialisedWhenItHoldsMoreItems)
+{
+    auto reading = makeReading<LabelledReading>(7.0);
+    const std::string bytes = writeArchive<TypeParam>(
+        [&](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager value(archive, "value");
+            reading.write(archive);
+            archive << makeOItem("extra", 1);
+        });
+    BaseSerializationObject& base = reading;
+    expectRaises<OVRIXSerializationException>(
+        "Expecting the end of section \"/value\" while archive holds item \"extra\"",
+        [&] { load<TypeParam>(bytes, base); });
+    EXPECT_FALSE(reading._bInit);
+}
+
+TYPED_TEST(SerializableClass, AnObjectThatIsNotThereIsNotInitialised)
+{
+    auto reading = makeReading<Reading>(7.0);
+    EXPECT_THROW(load<TypeParam>(save<TypeParam>(1), reading), OVRIXSerializationException);
+    EXPECT_FALSE(reading._bInit);
+    auto labelled = makeReading<LabelledReading>(7.0);
+    BaseSerializationObject& base = labelled;
+    EXPECT_THROW(load<TypeParam>(save<TypeParam>(1), base), OVRIXSerializationException);
+    EXPECT_FALSE(labelled._bInit);
+}
+
+TYPED_TEST(SerializableClass, AFailureOfReadingIsLoggedOnce)
+{
+    auto reading = makeReading<Reading>(7.0);
+    const LogCapture log;
+    EXPECT_THROW(load<TypeParam>(save<TypeParam>(1), reading), OVRIXSerializationException);
+    EXPECT_EQ(log.getTexts().size(), 1u);
+}
+
+TYPED_TEST(SerializableClass, NothingIsWrittenBehindABaseThatRefuses)
+{
+    DerivedRefusal refusal;
+    refusal._bWritable = false;
+    const std::string bytes = writeArchive<TypeParam>([&](BaseOArchive& archive)
+                                                      { expectFailure("Not to be written", refusal.write(archive)); });
+    EXPECT_EQ(bytes, writeArchive<TypeParam>([](BaseOArchive&) {}));
+}
+
+TYPED_TEST(SerializableClass, ABaseThatRefusesToBeReadLeavesTheObjectNotInitialised)
+{
+    const std::string bytes = save<TypeParam>(DerivedRefusal());
+    DerivedRefusal restored;
+    expectRaises<OVRIXSerializationException>(
+        "Object of class test::DerivedRefusal can't be read, in section \"/value\"\nNot to be read",
+        [&] { load<TypeParam>(bytes, restored); });
+    EXPECT_FALSE(restored._bInit);
+}
+
+TYPED_TEST(SerializableClass, ReadingReturnsTheFailureOfTheBase)
+{
+    std::istringstream stream(save<TypeParam>(1));
+    typename TypeParam::IArchive archive(stream);
+    DerivedRefusal restored;
+    expectFailure("Not to be read", restored.read(archive));
+    EXPECT_FALSE(restored._bInit);
 }
 
 TYPED_TEST(SerializableClass, AnObjectThatCannotBeCancelledMayBeReadInPart)

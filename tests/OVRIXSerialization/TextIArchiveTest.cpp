@@ -326,7 +326,7 @@ TEST(TextIArchive, ContentBehindTheRootRaises)
 TEST(TextIArchive, EntriesThatAreNoneRaise)
 {
     expectMalformed("there is an unknown element", 1, "<thing name=\"a\"/>");
-    expectMalformed("there is text between the elements", 0, "text<item name=\"a\" type=\"int32\">1</item>");
+    expectMalformed("there is something else than an element", 0, "text<item name=\"a\" type=\"int32\">1</item>");
     expectMalformed("there is an element with wrong attributes", 1, "<item name=\"a\">1</item>");
     expectMalformed("there is an element with wrong attributes", 1, "<section name=\"a\" type=\"int32\"/>");
     expectMalformed("there is an element with wrong attributes", 1, "<section/>");

@@ -8,11 +8,15 @@ namespace
 
 std::atomic<std::size_t> g_nbAllocations{0};
 std::atomic<std::size_t> g_largestAllocation{0};
+std::atomic<long> g_nbUntilFailure{-1}; // below 0 when no failure is asked for
 
 /// Takes memory and counts it; null where there is none.
 void* allocate(std::size_t size)
 {
     g_nbAllocations.fetch_add(1, std::memory_order_relaxed);
+    if (g_nbUntilFailure.load(std::memory_order_relaxed) >= 0 &&
+        g_nbUntilFailure.fetch_sub(1, std::memory_order_relaxed) == 0)
+        return nullptr;
     std::size_t largest = g_largestAllocation.load(std::memory_order_relaxed);
     while (size > largest && !g_largestAllocation.compare_exchange_weak(largest, size, std::memory_order_relaxed))
         ;
@@ -62,4 +66,19 @@ std::size_t ovrix::test::getLargestAllocation()
 void ovrix::test::resetLargestAllocation()
 {
     g_largestAllocation.store(0, std::memory_order_relaxed);
+}
+
+ovrix::test::FailingAllocation::FailingAllocation(std::size_t nbBefore)
+{
+    g_nbUntilFailure.store(static_cast<long>(nbBefore), std::memory_order_relaxed);
+}
+
+ovrix::test::FailingAllocation::~FailingAllocation()
+{
+    g_nbUntilFailure.store(-1, std::memory_order_relaxed);
+}
+
+bool ovrix::test::FailingAllocation::hasFailed() const
+{
+    return g_nbUntilFailure.load(std::memory_order_relaxed) < 0;
 }

@@ -18,6 +18,19 @@ std::size_t getLargestAllocation();
 
 void resetLargestAllocation();
 
+/// While it stands, one call of `operator new` finds no memory: the one behind the next `nbBefore` calls.
+class FailingAllocation
+{
+public:
+    explicit FailingAllocation(std::size_t nbBefore);
+    ~FailingAllocation();
+    FailingAllocation(const FailingAllocation&) = delete;
+    FailingAllocation& operator=(const FailingAllocation&) = delete;
+
+    /// Whether that call has come.
+    bool hasFailed() const;
+};
+
 /// Allocations of the second of two calls.
 template <class Call>
 std::size_t countSteadyAllocations(Call&& call)

@@ -2,7 +2,6 @@
 #include <OVRIXMath/Estimation/EstimationLogMessages.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
-#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -90,29 +89,32 @@ template <class Items, class Self>
 void BaseDataPartition::describeItems(Items& items, Self& self)
 {
     items("_bInit", self._bInit);
+    if constexpr (Items::s_bReading)
+    {
+        // What stood here before must not be mistaken for what is read.
+        if (!self._bInit)
+            self.clear();
+        self._bRestored = self._bInit;
+    }
     if (!self._bInit)
         return;
     items("_subSetRequestedSize", self._subSetRequestedSize);
     items("_indexesColl", self._indexesColl);
 }
 
-void BaseDataPartition::finishRead(const BaseIArchive& archive)
-{
-    const bool bSizesFit =
-        std::all_of(_indexesColl.begin(), _indexesColl.end(),
-                    [this](const std::set<ovUInt32>& indexes) { return indexes.size() == _subSetRequestedSize; });
-    const bool bConsistent = !_bInit || (_subSetRequestedSize != 0 && bSizesFit);
-    OVRIXSERIALIZATION_RAISE_UNLESS(bConsistent, 30, getTypeName(), "its sub-sets are not of the size requested",
-                                    archive.getSectionPath());
-    // What stood here before must not be mistaken for what has been read.
-    if (!_bInit)
-        clear();
-    _bRestored = _bInit;
-}
-
 void BaseDataPartition::cancelRead()
 {
     clear();
+}
+
+const char* BaseDataPartition::findInconsistency() const
+{
+    if (!_bInit)
+        return nullptr;
+    const bool bSizesFit =
+        std::all_of(_indexesColl.begin(), _indexesColl.end(),
+                    [this](const std::set<ovUInt32>& indexes) { return indexes.size() == _subSetRequestedSize; });
+    return _subSetRequestedSize != 0 && bSizesFit ? nullptr : "its sub-sets are not of the size requested";
 }
 
 } // namespace math

@@ -144,8 +144,10 @@ private:
     static constexpr ovUInt32 s_classVersion = 1;
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
-    void finishRead(const BaseIArchive& archive);
     void cancelRead();
+
+    /// What is wrong with the sub-sets that have been read; null when nothing is.
+    const char* findInconsistency() const;
 
     std::set<std::set<ovUInt32>> _indexesColl;
     ovUInt32 _subSetRequestedSize;

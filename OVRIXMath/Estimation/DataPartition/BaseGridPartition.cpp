@@ -2,7 +2,6 @@
 #include <OVRIXMath/Estimation/EstimationLogMessages.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
-#include <OVRIXSerialization/OVRIXSerializationFailure.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/container/small_vector.hpp>
@@ -99,12 +98,6 @@ void BaseGridPartition::describeItems(Items& items, Self& self)
     items("_nbBucketsByAxis", self._nbBucketsByAxis);
     if (self.isInit())
         items("_bucketHistogram", self._bucketHistogram);
-}
-
-void BaseGridPartition::finishRead(const BaseIArchive& archive)
-{
-    const char* const inconsistency = findInconsistency();
-    OVRIXSERIALIZATION_RAISE_UNLESS(!inconsistency, 30, getTypeName(), inconsistency, archive.getSectionPath());
 }
 
 void BaseGridPartition::cancelRead()

@@ -70,7 +70,6 @@ private:
     static constexpr ovUInt32 s_classVersion = 1;
     template <class Items, class Self>
     static void describeItems(Items& items, Self& self);
-    void finishRead(const BaseIArchive& archive);
     void cancelRead();
 
     /// What keeps sub-sets from being drawn from the cells that have been read; null when nothing does.

@@ -371,6 +371,23 @@ TYPED_TEST(EstimationConfigSerialization, AConfigurationThatIsReadInPartIsNotIni
     expectMathRaises("Estimation configuration has not been initialized", [&] { config.getRobustEstimationType(); });
 }
 
+TYPED_TEST(EstimationConfigSerialization, AConfigurationThatIsReadThroughItsBaseIsNotInitialisedWhenItHoldsMoreItems)
+{
+    EstimationConfig config = createConfig(eRET_MSAC);
+    const std::string bytes = test::writeArchive<TypeParam>(
+        [&](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager value(archive, "value");
+            config.write(archive);
+            archive << makeOItem("extra", 1);
+        });
+    BaseSerializationObject& base = config;
+    expectRaises<OVRIXSerializationException>(
+        "Expecting the end of section \"/value\" while archive holds item \"extra\"",
+        [&] { load<TypeParam>(bytes, base); });
+    expectMathRaises("Estimation configuration has not been initialized", [&] { config.getRobustEstimationType(); });
+}
+
 TEST(EstimationConfigSerialization, DamageLeavesNoConfigurationThatIsInitialisedInPart)
 {
     const std::string archive = save<BinaryForm>(createConfig(eRET_MLESAC));

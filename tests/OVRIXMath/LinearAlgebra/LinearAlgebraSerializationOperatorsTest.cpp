@@ -5,16 +5,20 @@
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <fstream>
 #include <limits>
 #include <sstream>
 #include <string>
 #include <support/AllocationCount.h>
 #include <support/ArbitraryNumbers.h>
 #include <support/ArchiveForms.h>
+#include <support/BinaryArchiveBytes.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
 #include <support/GoldenArchive.h>
 #include <support/PipeStream.h>
+#include <support/SparseFile.h>
 #include <vector>
 
 namespace ovrix
@@ -285,6 +289,27 @@ RC_GTEST_PROP(LinearAlgebraSerialization, MatricesPassToTheBit, ())
     std::copy(elements.begin(), elements.end(), matrix.data().begin());
     RC_ASSERT(areSame(passThrough<TextForm>(matrix), matrix));
     RC_ASSERT(areSame(passThrough<BinaryForm>(matrix), matrix));
+}
+
+TEST(LinearAlgebraSerialization, ElementsInFrontOfAHoleFillLittleMemory)
+{
+    // 300,000 rows and columns, whose elements take 720 GB.
+    const std::string head("{\0\5valueu\0\6nbRows\xE0\x93\4\0u\0\11nbColumns\xE0\x93\4\0", 37);
+    const std::string blockHead("#\x80\xC0\xE0\x9A\xFA\x14", 7);
+    const SparseFile sparse("matrix", makeBinaryHeader() + makeBinaryFrame(head + blockHead, 0, false));
+    if (!sparse.exists())
+        GTEST_SKIP() << "The file system has no holes";
+    const std::size_t peak = getPeakMemory();
+    std::ifstream file(sparse.getPath(), std::ios::binary);
+    BinaryIArchive archive(file);
+    Matrix matrix;
+    resetLargestAllocation();
+    expectRaises<OVRIXSerializationException>(
+        "Frame 1 of archive has length 0, which is not in [1, 1048576], in section \"/value\"",
+        [&] { archive >> makeIItem("value", matrix); });
+    constexpr std::size_t mebibyte = 1 << 20;
+    EXPECT_LE(getLargestAllocation(), 257 * mebibyte);
+    EXPECT_LE(getPeakMemory() - peak, 100 * mebibyte);
 }
 
 TEST(LinearAlgebraSerialization, AVectorIsReadIntoItsOwnMemory)

@@ -7,10 +7,15 @@
 
 #include <boost/make_shared.hpp>
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <limits>
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <support/ArbitraryNumbers.h>
 #include <support/ArchiveForms.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
@@ -165,6 +170,64 @@ void expectRefused(const std::string& className, const std::string& reason, cons
     expectSuccess(partition.init(1, getData()));
 }
 
+/// Data of one to three axes, with ties, infinities and what is not a number among their elements.
+DataSet anyDataSet()
+{
+    using Limits = std::numeric_limits<double>;
+    const auto size = *rc::gen::inRange<std::size_t>(1, 4);
+    const auto nbData = *rc::gen::inRange<std::size_t>(1, 61);
+    const auto element =
+        rc::gen::oneOf(test::anyReal(), rc::gen::element(0.0, 1.0, 2.0, Limits::infinity(), Limits::quiet_NaN()),
+                       rc::gen::map(rc::gen::inRange(-1000, 1000), [](int number) { return number / 100.0; }));
+    DataSet data(nbData, Vector(size));
+    for (Vector& datum : data)
+    {
+        const auto elements = *rc::gen::container<std::vector<double>>(size, element);
+        std::copy(elements.begin(), elements.end(), datum.begin());
+    }
+    return data;
+}
+
+/// A restored partition is what the written one is, and draws what that one draws.
+template <class Form, class Partition>
+void checkRestored(Partition& partition, const DataSet& data, bool bInit)
+{
+    const std::string bytes = save<Form>(partition);
+    Partition restored;
+    load<Form>(bytes, restored);
+    RC_ASSERT(save<Form>(restored) == bytes);
+    if (!bInit)
+        return;
+    DataSet subSet;
+    DataSet restoredSubSet;
+    RandomUniformGenerator::getGen().seed(44);
+    const BoolResult result = partition.createSubSet(data, subSet);
+    RandomUniformGenerator::getGen().seed(44);
+    const BoolResult restoredResult = restored.createSubSet(data, restoredSubSet);
+    RC_ASSERT(static_cast<bool>(result) == static_cast<bool>(restoredResult));
+    RC_ASSERT(result.getMessage() == restoredResult.getMessage());
+    RC_ASSERT(subSet.size() == restoredSubSet.size());
+    RC_ASSERT(save<Form>(restored) == save<Form>(partition)); // with the indexes of the draw
+}
+
+template <class Partition>
+void checkAnyPartitionPasses()
+{
+    const DataSet data = anyDataSet();
+    const auto subSetSize = *rc::gen::inRange<ovUInt32>(1, 70);
+    const auto nbDraws = *rc::gen::inRange(0, 6);
+    Partition partition;
+    partition.setNbBucketsByAxis(*rc::gen::inRange<ovUInt32>(1, 10));
+    static_cast<void>(partition.init(subSetSize, data)); // a failure is a state as well
+    const bool bInit = subSetSize <= data.size();
+    RandomUniformGenerator::getGen().seed(*rc::gen::arbitrary<unsigned int>());
+    DataSet subSet;
+    for (int i = 0; bInit && i < nbDraws; ++i)
+        static_cast<void>(partition.createSubSet(data, subSet));
+    checkRestored<TextForm>(partition, data, bInit);
+    checkRestored<BinaryForm>(partition, data, bInit);
+}
+
 void expectGridRefused(const std::string& reason, const std::string& found, const std::string& replacement)
 {
     expectRefused("BaseGridPartition", reason, replaceInArchive(found, replacement));
@@ -300,6 +363,34 @@ TYPED_TEST(DataPartitionSerialization, ReadingAPartitionThatIsNotInitialisedEnds
     draw(restored, 4);
     load<TypeParam>(save<TypeParam>(RegularGridPartition()), restored);
     expectMathRaises(g_notInitText, [&] { restored.getSubSetRequestedSize(); });
+}
+
+TYPED_TEST(DataPartitionSerialization, APartitionThatIsReadThroughItsBaseIsNotInitialisedWhenItHoldsMoreItems)
+{
+    RegularGridPartition partition;
+    initialise(partition);
+    const std::string bytes = test::writeArchive<TypeParam>(
+        [&](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager value(archive, "value");
+            expectSuccess(partition.write(archive));
+            archive << makeOItem("extra", 1);
+        });
+    BaseDataPartition& base = partition;
+    expectRaises<OVRIXSerializationException>(
+        "Expecting the end of section \"/value\" while archive holds item \"extra\"",
+        [&] { load<TypeParam>(bytes, base); });
+    EXPECT_EQ(save<TypeParam>(partition), save<TypeParam>(RegularGridPartition()));
+}
+
+RC_GTEST_PROP(DataPartitionSerialization, AnyRegularGridPasses, ())
+{
+    checkAnyPartitionPasses<RegularGridPartition>();
+}
+
+RC_GTEST_PROP(DataPartitionSerialization, AnyAdaptiveGridPasses, ())
+{
+    checkAnyPartitionPasses<AdaptiveGridPartition>();
 }
 
 TEST(DataPartitionSerialization, AnArchiveOfRoundSharesIsRead)

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+/// @file
+/// How memory grows while an archive is written and read.
+
+namespace ovrix
+{
+namespace details
+{
+
+/// Bytes that memory is filled for at first on an input of unknown length.
+constexpr std::size_t g_firstStepOfPipe = 4096;
+
+/// Bytes that memory is filled for at first on an input of known length. It may be a file with a hole that is larger
+/// than any memory and takes no place on its disk.
+constexpr std::size_t g_firstStepOfFile = std::size_t(1) << 24;
+
+/// Bytes that memory is taken for at first on an input of known length, so that nothing is copied while it is filled.
+/// The system gives memory when it is filled and not when it is taken.
+constexpr std::size_t g_firstRoomOfFile = std::size_t(1) << 28;
+
+/// For how many of `rest` elements memory may grow behind `nbRead`: what was read vouches for as much again.
+///
+/// @param firstStep elements that nothing needs to vouch for, at least 1
+inline std::size_t getNextStep(std::size_t nbRead, std::size_t rest, std::size_t firstStep)
+{
+    return std::min(rest, std::max(nbRead, firstStep));
+}
+
+/// Makes room for one more element: what is appended next can't fail.
+template <class T>
+void reserveOneMore(std::vector<T>& elements)
+{
+    if (elements.size() == elements.capacity())
+        elements.reserve(2 * elements.size() + 1);
+}
+
+} // namespace details
+} // namespace ovrix
