@@ -114,26 +114,25 @@ RobustEstimatorPtr createInitialised(const EstimatorPtr& pEstimator, Arguments..
     return pRobustEstimator;
 }
 
+/// The name of the enumerator; nothing for a value outside of the enumeration.
+std::string nameOf(eRobustEstimationType type)
+{
+    const char* const typeName = getRobustEstimationTypeName(type);
+    return typeName == nullptr ? std::string() : typeName;
+}
+
 RobustEstimatorPtr createByType(const EstimationConfig& config, const EstimatorPtr& pEstimator)
 {
     const eRobustEstimationType type = config.getRobustEstimationType();
-    const bool bRobust = type == eRET_LMS || type == eRET_RANSAC || type == eRET_MSAC || type == eRET_MLESAC;
-    const char* const typeName = getRobustEstimationTypeName(type);
-    OVRIXMATH_RAISE_UNLESS(bRobust, eEstimationMessage, 36, std::string(typeName ? typeName : ""));
-    switch (type)
-    {
-    case eRET_LMS:
+    if (type == eRET_LMS)
         return createInitialised<LMSRobustEstimator>(pEstimator);
-    case eRET_RANSAC:
+    if (type == eRET_RANSAC)
         return createInitialised<RANSACRobustEstimator>(pEstimator, config.getOutlierThreshold());
-    case eRET_MSAC:
+    if (type == eRET_MSAC)
         return createInitialised<MSACRobustEstimator>(pEstimator, config.getOutlierThreshold());
-    case eRET_MLESAC:
-        return createInitialised<MLESACRobustEstimator>(
-            pEstimator, config.getGaussianSigma(), config.getOutlierThresholdFactor(), config.getOutlierRangeFactor());
-    default:
-        return nullptr;
-    }
+    OVRIXMATH_RAISE_UNLESS(type == eRET_MLESAC, eEstimationMessage, 36, nameOf(type));
+    return createInitialised<MLESACRobustEstimator>(pEstimator, config.getGaussianSigma(),
+                                                    config.getOutlierThresholdFactor(), config.getOutlierRangeFactor());
 }
 
 } // namespace

@@ -31,38 +31,59 @@ namespace math
 ///
 /// The configuration's data partition is used in place: calls with copies of one configuration must not overlap.
 ///
-/// @param config an initialised configuration
+/// @param config an initialised configuration, not that of `results`, which is cleared first
 /// @param pEstimator the model
 /// @param dataSet the data, each of the model's data size
 /// @param[out] results the outcome, which also carries every failure that the model or the partition returns
-/// @throws OVRIXMathException when the pointer is null, the model or the configuration is not initialised, or the
-///         configuration has no partition; and whatever the model raises, such as LAPACK's refusal of data that are not
-///         finite, or of too few inliers in the last fit
+/// @throws OVRIXMathException Estimation message 21 when the pointer is null, 6 when the model is not initialised, 3
+///         when the configuration is not, 19 when it has no partition; and whatever the model raises, such as LAPACK's
+///         refusal of data that are not finite, or of too few inliers in the last fit
 OVRIXMATH_EXPORT void processEstimation(const EstimationConfig& config, const EstimatorPtr& pEstimator,
                                         const DataSet& dataSet, EstimationResults& results);
 
 /// Fits a model robustly and refines it on the inliers by non-linear least squares.
+///
+/// ```cpp
+/// // DecayEstimator fits a line to the logarithms of the data, DecayCostFunction a decay to the data themselves.
+/// const auto createCost = [](const DataSet& inliers) -> CostFunctionPtr
+/// {
+///     const Vector x = columnOf(inliers, 0);
+///     const Vector y = columnOf(inliers, 1);
+///     return boost::make_shared<DecayCostFunction>(x, y);
+/// };
+/// EstimationConfig config;
+/// config.initMSAC(0.1, 0.3);
+/// EstimationResults results;
+/// processEstimation(config, boost::make_shared<DecayEstimator>(), createCost, dataSet, results);
+/// if (!results.getEstimationStatus())
+///     throw std::runtime_error(results.getEstimationStatus().getMessage());
+/// const ParameterType params = results.getEstimParams();
+/// ```
 ///
 /// The cost function is built on the inliers and starts from the robust parameters; its parameters must be those of the
 /// model. The residuals are made again on all data, while the outlier flags and the threshold stay those of the robust
 /// fit. A refinement that stops at a limit without converging counts as done. When the first fit fails, there is no
 /// refinement.
 ///
-/// @param config an initialised configuration of a robust method, not that of `results`
+/// @param config an initialised configuration of a robust method, not that of `results`, which is cleared first
 /// @param pEstimator the model
-/// @param costFunctionFactory makes the cost function of the inliers it is given; not null
+/// @param costFunctionFactory makes the cost function of the inliers it is given; not null. It is a plain function, or
+///        a lambda without captures, and carries no state
 /// @param dataSet the data, each of the model's data size
 /// @param[out] results the outcome; on success its status carries the solver's text
-/// @throws OVRIXMathException as the form without refinement does; when that form leaves the results not initialised;
-///         when its success is that of a plain fit, which tells no inliers; when the factory gives a null pointer
+/// @throws OVRIXMathException as the form without refinement does; Estimation message 5 when that form leaves the
+///         results not initialised, 2 when its success is that of a plain fit, which tells no inliers, and 18 when the
+///         factory gives a null pointer; Optimization messages 0 and 3 when the cost function is not initialised, or
+///         not for the parameters of the model. What the factory or the cost function throws comes through as well.
+///         After a robust fit that succeeded, all these leave its results as they are
 OVRIXMATH_EXPORT void processEstimation(const EstimationConfig& config, const EstimatorPtr& pEstimator,
                                         CostFunctionPtr (*const& costFunctionFactory)(const DataSet&),
                                         const DataSet& dataSet, EstimationResults& results);
 
 /// The robust estimator of a configuration, ready for use and drawing through the configuration's own partition.
 ///
-/// @throws OVRIXMathException when the configuration is not initialised, not of a robust method or without a
-///         partition, when the pointer is null, or when the model is not initialised
+/// @throws OVRIXMathException Estimation message 3 when the configuration is not initialised, 36 when it is not of a
+///         robust method, 19 when it has no partition, 21 when the pointer is null, 6 when the model is not initialised
 OVRIXMATH_EXPORT RobustEstimatorPtr createRobustEstimator(const EstimationConfig& config,
                                                           const EstimatorPtr& pEstimator);
 
@@ -81,7 +102,7 @@ OVRIXMATH_EXPORT ovReal64 computeRMS(const ResidualsSet& residuals);
 ///
 /// The division by the number of all residuals is meant: the value is no RMS of the inliers alone.
 ///
-/// @throws OVRIXMathException when there are not as many flags as residuals
+/// @throws OVRIXMathException Estimation message 28 when there are not as many flags as residuals
 OVRIXMATH_EXPORT ovReal64 computeRMS(const ResidualsSet& residuals, const OutlierFlags& outlierFlags);
 
 /// Number of `true` flags.
@@ -92,7 +113,7 @@ OVRIXMATH_EXPORT ovUInt32 computeNbInliers(const OutlierFlags& outlierFlags);
 
 /// Copies of the data with a `false` flag, in their order.
 ///
-/// @throws OVRIXMathException when there are not as many flags as data
+/// @throws OVRIXMathException Estimation message 2 when there are not as many flags as data
 OVRIXMATH_EXPORT DataSet extractInliers(const DataSet& dataSet, const OutlierFlags& outlierFlags);
 
 /// Name of the enumerator, such as "eRET_MSAC", or null for a value outside of the enumeration.

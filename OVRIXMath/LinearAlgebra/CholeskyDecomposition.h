@@ -8,8 +8,9 @@
 ///
 /// Only the upper triangle of A is read. Sizes are checked first; whatever is raised by such a check leaves the outputs
 /// unchanged. `false` means that the matrix is not positive definite; the outputs then hold nothing usable. A 0 x 0
-/// matrix succeeds. A failure of LAPACK of any other kind raises; NaN in the upper triangle is such a failure.
-/// Infinities are not looked for: they may give `true` and outputs that hold nothing usable.
+/// matrix succeeds. A failure of LAPACK of any other kind raises; NaN in the upper triangle is such a failure. After
+/// message 11 an output of its own may hold a copy of A. Infinities are not looked for: they may give `true` and
+/// outputs that hold nothing usable.
 ///
 /// The input and the output may be one object.
 
@@ -23,22 +24,27 @@ namespace math
 /// @param A n x n
 /// @param[out] U n x n, exactly zero below the diagonal
 /// @return whether A is positive definite
-/// @throws OVRIXMathException when A is not square, U has not the size of A or LAPACK fails
+/// @throws OVRIXMathException LinearAlgebra message 3 when A is not square, 5 when U has not the size of A, 11 when
+///         LAPACK fails
 OVRIXMATH_EXPORT bool choleskyDecomposition(const Matrix& A, Matrix& U);
 
 /// Replaces A by its inverse, which is symmetric to the last bit.
 ///
+/// Whether the second step, from the factor to the inverse, succeeds is not looked at, and that is meant. It can only
+/// fail for want of memory within LAPACKE: the result is `true` then, and A holds the factor and its mirror image.
+///
 /// @param[in,out] A n x n; overwritten by a part of the factor when it is not positive definite
 /// @return whether A is positive definite
-/// @throws OVRIXMathException when A is not square or LAPACK fails
+/// @throws OVRIXMathException LinearAlgebra message 3 when A is not square, 11 when LAPACK fails
 OVRIXMATH_EXPORT bool choleskyInverse(Matrix& A);
 
-/// Inverse of A, symmetric to the last bit.
+/// Inverse of A, symmetric to the last bit; otherwise as the form above.
 ///
 /// @param A n x n
 /// @param[out] Ainv n x n
 /// @return whether A is positive definite
-/// @throws OVRIXMathException when Ainv has not the size of A, A is not square or LAPACK fails
+/// @throws OVRIXMathException LinearAlgebra message 5 when Ainv has not the size of A, 3 when A is not square, 11 when
+///         LAPACK fails
 OVRIXMATH_EXPORT bool choleskyInverse(const Matrix& A, Matrix& Ainv);
 
 } // namespace math

@@ -31,6 +31,35 @@ ovUInt32 computeRank(const double* w, std::size_t n)
     return static_cast<ovUInt32>(n) - static_cast<ovUInt32>(nbSmall);
 }
 
+/// LAPACK's eigenvalues of A in rising order, as many as V has columns, and their eigenvectors. Zeros stand for those
+/// that it does not find, and for all where it fails.
+///
+/// @param range 'A' for all of them, 'I' for those from number `il` to number `iu`
+/// @param[out] w room for as many values as A has rows
+void findEigenvalues(const Matrix& A, char range, lapack_int il, lapack_int iu, double* w, Matrix& V)
+{
+    const auto n = details::toLapackSize(A.size2());
+    const std::size_t nbWanted = V.size2();
+    details::MatrixBuffer a = details::copyOf(A);
+    details::IndexBuffer<lapack_int> isuppz(2 * nbWanted, details::uninitialised);
+    std::fill(w, w + A.size2(), 0.0);
+    std::fill(V.data().begin(), V.data().end(), 0.0);
+    lapack_int nbFound = 0;
+    const lapack_int info =
+        LAPACKE_dsyevr(LAPACK_ROW_MAJOR, 'V', range, 'U', n, a.data(), n, 0.0, 0.0, il, iu, -1.0, &nbFound, w,
+                       V.data().begin(), details::toLapackSize(nbWanted), isuppz.data());
+    OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
+
+    // LAPACKE transposes all columns out of memory of its own, those too that LAPACK did not fill.
+    const std::size_t firstMissing = std::min(static_cast<std::size_t>(nbFound), nbWanted);
+    std::fill(w + firstMissing, w + nbWanted, 0.0);
+    for (std::size_t i = 0; i < V.size1(); ++i)
+    {
+        double* const row = V.data().begin() + i * nbWanted;
+        std::fill(row + firstMissing, row + nbWanted, 0.0);
+    }
+}
+
 template <typename T>
 constexpr T g_tol = NumericLimits<T>::s_sqrt_eps;
 
@@ -156,6 +185,8 @@ void computeEigenvalues(const Symmetric3<T>& A, T p1, T& l0, T& l1, T& l2)
 /// The longest columns of two products (A - lp I)(A - lq I), each of which lies along the eigenvector of the third
 /// eigenvalue.
 ///
+/// The two products run side by side: index k tells them apart, so that the processor takes both in one instruction.
+///
 /// @param lp, lq eigenvalues of the first and of the second product
 /// @param[out] v the columns, of unit length unless they were too short
 /// @param[out] g the columns' lengths
@@ -166,12 +197,14 @@ template <typename T>
     const T b = A.b;
     const T c = A.c;
     const T e = A.e;
+    // Components and squared norms of column i of product k.
     T x[3][2];
     T y[3][2];
     T z[3][2];
     T norms[3][2];
     for (std::size_t k = 0; k < 2; ++k)
     {
+        // The diagonals of A - lp I and A - lq I.
         const T ap = A.a - lp[k];
         const T dp = A.d - lp[k];
         const T fp = A.f - lp[k];
@@ -192,7 +225,8 @@ template <typename T>
     }
     for (std::size_t k = 0; k < 2; ++k)
     {
-        // An index instead of jumps, which no processor could foretell.
+        // The longest column, a later one only if it is strictly longer; an index instead of jumps, which no processor
+        // could foretell.
         std::size_t longest = norms[1][k] > norms[0][k] ? 1 : 0;
         longest = norms[2][k] > norms[longest][k] ? 2 : longest;
         v[k] = {x[longest][k], y[longest][k], z[longest][k]};
@@ -200,7 +234,7 @@ template <typename T>
     }
 }
 
-/// All of it, in the registers of the caller.
+/// The closed form with eigenvectors; part of its callers, so that the results stay in registers.
 template <typename T>
 [[gnu::always_inline]] inline Eigen3<T> decompose(const Symmetric3<T>& A)
 {
@@ -255,18 +289,9 @@ ovUInt32 eigenDecomposition(const Matrix& A, Vector& w, Matrix& V)
     OVRIXMATH_RAISE_UNLESS(V.size1() == V.size2(), eLinearAlgebraMessage, 3, V.size1(), V.size2());
     OVRIXMATH_RAISE_UNLESS(V.size1() == A.size1(), eLinearAlgebraMessage, 5, V.size1(), V.size2(), A.size1(),
                            A.size2());
-    const auto n = details::toLapackSize(A.size2());
-    if (n == 0)
+    if (A.size2() == 0)
         return 0;
-
-    details::MatrixBuffer a = details::copyOf(A);
-    details::IndexBuffer<lapack_int> isuppz(2 * A.size2(), details::uninitialised);
-    std::fill(w.data().begin(), w.data().end(), 0.0);
-    std::fill(V.data().begin(), V.data().end(), 0.0);
-    lapack_int nbFound = 0;
-    const lapack_int info = LAPACKE_dsyevr(LAPACK_ROW_MAJOR, 'V', 'A', 'U', n, a.data(), n, 0.0, 0.0, 0, 0, -1.0,
-                                           &nbFound, w.data().begin(), V.data().begin(), n, isuppz.data());
-    OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
+    findEigenvalues(A, 'A', 0, 0, w.data().begin(), V);
     return computeRank(w.data().begin(), w.size());
 }
 
@@ -277,21 +302,15 @@ void eigenPartialDecomposition(const Matrix& A, Vector& w, Matrix& V)
     OVRIXMATH_RAISE_UNLESS(V.size2() == w.size(), eLinearAlgebraMessage, 2, V.size2(), w.size());
     OVRIXMATH_RAISE_UNLESS(V.size1() == A.size1(), eLinearAlgebraMessage, 5, V.size1(), V.size2(), A.size1(),
                            A.size2());
-    const auto n = details::toLapackSize(A.size2());
-    if (n == 0)
+    if (A.size2() == 0)
         return;
     // LAPACK refuses an empty range of indices too, but it prints about it first.
     OVRIXMATH_RAISE_UNLESS(!w.empty(), eLinearAlgebraMessage, 11);
 
+    const auto n = details::toLapackSize(A.size2());
     const auto q = details::toLapackSize(w.size());
-    details::MatrixBuffer a = details::copyOf(A);
-    details::VectorBuffer wtmp(A.size2(), 0.0);
-    details::IndexBuffer<lapack_int> isuppz(2 * w.size(), details::uninitialised);
-    std::fill(V.data().begin(), V.data().end(), 0.0);
-    lapack_int nbFound = 0;
-    const lapack_int info = LAPACKE_dsyevr(LAPACK_ROW_MAJOR, 'V', 'I', 'U', n, a.data(), n, 0.0, 0.0, n - q + 1, n,
-                                           -1.0, &nbFound, wtmp.data(), V.data().begin(), q, isuppz.data());
-    OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
+    details::VectorBuffer wtmp(A.size2(), details::uninitialised);
+    findEigenvalues(A, 'I', n - q + 1, n, wtmp.data(), V);
     std::copy_n(wtmp.begin(), w.size(), w.data().begin());
 }
 

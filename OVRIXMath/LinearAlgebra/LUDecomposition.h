@@ -11,6 +11,9 @@
 /// matrix is singular to the last bit; the outputs then hold nothing usable. A 0 x 0 matrix succeeds. A failure of
 /// LAPACK of any other kind raises; NaN in what is read is such a failure, but a singular A is told first.
 ///
+/// Infinities are not looked for. One in A may end in any of the three ways: in `true`, with an output that is finite,
+/// or not; in `false`; or in a raise, when it has become NaN within the factors.
+///
 /// The input and the output may be one object, as may b and x.
 
 namespace ovrix
@@ -22,24 +25,26 @@ namespace math
 ///
 /// @param A n x n
 /// @param b n elements
-/// @param[out] x n elements
+/// @param[out] x n elements; a copy of b when LAPACK refuses b or the factors of A
 /// @return whether A is not singular
-/// @throws OVRIXMathException when A is not square, a size does not fit or LAPACK fails
+/// @throws OVRIXMathException LinearAlgebra message 3 when A is not square, 10 when b has not n elements, 2 when x has
+///         not, 11 when LAPACK fails
 OVRIXMATH_EXPORT bool luSolve(const Matrix& A, const Vector& b, Vector& x);
 
 /// Replaces A by its inverse.
 ///
-/// @param[in,out] A n x n; overwritten by factors when it is singular
+/// @param[in,out] A n x n; overwritten by its factors when it is singular or LAPACK refuses them
 /// @return whether A is not singular
-/// @throws OVRIXMathException when A is not square or LAPACK fails
+/// @throws OVRIXMathException LinearAlgebra message 3 when A is not square, 11 when LAPACK fails
 OVRIXMATH_EXPORT bool luInverse(Matrix& A);
 
 /// Inverse of A.
 ///
 /// @param A n x n
-/// @param[out] Ainv n x n
+/// @param[out] Ainv n x n; a copy of A or its factors when there is no inverse
 /// @return whether A is not singular
-/// @throws OVRIXMathException when Ainv has not the size of A, A is not square or LAPACK fails
+/// @throws OVRIXMathException LinearAlgebra message 5 when Ainv has not the size of A, 3 when A is not square, 11 when
+///         LAPACK fails
 OVRIXMATH_EXPORT bool luInverse(const Matrix& A, Matrix& Ainv);
 
 /// Replaces the upper triangle of A by the inverse of that triangle; the strict lower triangle is neither read nor
@@ -47,7 +52,7 @@ OVRIXMATH_EXPORT bool luInverse(const Matrix& A, Matrix& Ainv);
 ///
 /// @param[in,out] A n x n; unchanged when there is a zero on its diagonal
 /// @return whether there is no zero on the diagonal of A
-/// @throws OVRIXMathException when A is not square or LAPACK fails
+/// @throws OVRIXMathException LinearAlgebra message 3 when A is not square, 11 when LAPACK fails
 OVRIXMATH_EXPORT bool upperTriangularInverse(Matrix& A);
 
 /// Replaces the lower triangle of A by the inverse of that triangle; the strict upper triangle is neither read nor
@@ -55,7 +60,7 @@ OVRIXMATH_EXPORT bool upperTriangularInverse(Matrix& A);
 ///
 /// @param[in,out] A n x n; unchanged when there is a zero on its diagonal
 /// @return whether there is no zero on the diagonal of A
-/// @throws OVRIXMathException when A is not square or LAPACK fails
+/// @throws OVRIXMathException LinearAlgebra message 3 when A is not square, 11 when LAPACK fails
 OVRIXMATH_EXPORT bool lowerTriangularInverse(Matrix& A);
 
 } // namespace math

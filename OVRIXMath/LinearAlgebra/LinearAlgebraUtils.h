@@ -18,7 +18,7 @@ OVRIXMATH_EXPORT Vector toUBlas(const std::vector<double>& v);
 
 /// Copies `v` into `out`, row after row; `out` keeps its size.
 ///
-/// @throws OVRIXMathException when `out` has not `v.size()` elements; `out` is then unchanged
+/// @throws OVRIXMathException LinearAlgebra message 12 when `out` has not `v.size()` elements; `out` is then unchanged
 OVRIXMATH_EXPORT void toUBlas(const std::vector<double>& v, Matrix& out);
 
 /// A matrix of `sizeY` rows x `sizeX` columns with the values of `v`, row after row.
@@ -27,7 +27,7 @@ OVRIXMATH_EXPORT void toUBlas(const std::vector<double>& v, Matrix& out);
 /// toUBlas({1.0, 2.0, 3.0, 4.0, 5.0, 6.0}, 2, 3); // ((1, 2), (3, 4), (5, 6))
 /// ```
 ///
-/// @throws OVRIXMathException when `v` has not `sizeX * sizeY` elements
+/// @throws OVRIXMathException LinearAlgebra message 12 when `v` has not `sizeX * sizeY` elements
 OVRIXMATH_EXPORT Matrix toUBlas(const std::vector<double>& v, ovUInt32 sizeX, ovUInt32 sizeY);
 
 } // namespace math

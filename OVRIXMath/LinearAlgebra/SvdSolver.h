@@ -24,8 +24,8 @@ namespace details
 /// @param a A, m x n, row after row; overwritten
 /// @param b B, m x nbRhs, row after row; its first n rows become X
 /// @return the rank of A, 0 without equations
-/// @throws OVRIXMathException when m < n, when LAPACK fails, NaN in A or B being such a failure, or when A could keep
-///         LAPACK busy for ever, see doesSvdEnd()
+/// @throws OVRIXMathException LinearAlgebra message 7 when m < n, 11 when LAPACK fails, NaN in A or B being such a
+///         failure, or when A could keep LAPACK busy for ever, see doesSvdEnd()
 ovUInt32 svdSolveInPlace(std::size_t nbRows, std::size_t nbColumns, std::size_t nbRhs, double* a, double* b);
 
 /// Whether LAPACK is sure to finish a singular value decomposition of `a`.

@@ -63,18 +63,26 @@ void BaseCostFunction::clear()
 BoolResult BaseCostFunction::processJacobian(const Vector& params, Matrix& jacobian) const
 {
     constexpr double s = NumericLimits<double>::s_sqrt_eps;
-    Vector base(_nbEquations, 0.0);
+    // Whatever an evaluation leaves unwritten or takes away counts as zero, never as a value of the parameter before.
+    const auto evaluate = [this](const Vector& point, Vector& equations)
+    {
+        equations.resize(_nbEquations, false);
+        std::fill(equations.data().begin(), equations.data().end(), 0.0);
+        processEquations(point, equations);
+        // Elements that are preserved are followed by zeros.
+        if (equations.size() < _nbEquations)
+            equations.resize(_nbEquations, true);
+    };
+    Vector base(_nbEquations);
     Vector shifted(_nbEquations);
     Vector trial(params);
-    processEquations(params, base);
+    evaluate(params, base);
     double* row = jacobian.data().begin();
     for (ovUInt32 j = 0; j < _nbParameters; ++j, row += _nbEquations)
     {
         const double h = std::max(s, std::fabs(params[j]) * s);
-        // An evaluation that fails half-way leaves zeros behind, never values of the parameter before.
-        std::fill(shifted.data().begin(), shifted.data().end(), 0.0);
         trial[j] = params[j] + h;
-        processEquations(trial, shifted);
+        evaluate(trial, shifted);
         trial[j] = params[j];
 
         const double* const at = base.data().begin();

@@ -65,22 +65,21 @@ public:
 
     /// Number of parameters, at least 1.
     ///
-    /// Raises Optimization message 0 unless the function is initialised.
+    /// @throws OVRIXMathException Optimization message 0 unless the function is initialised
     ovUInt32 getNbParameters() const;
 
     /// Number of equations, at least 1.
     ///
-    /// Raises Optimization message 0 unless the function is initialised.
+    /// @throws OVRIXMathException Optimization message 0 unless the function is initialised
     ovUInt32 getNbEquations() const;
 
     /// Evaluates all equations at `params`.
     ///
-    /// Raises Optimization message 0 on a function that is not initialised, 3 on a wrong size of `params`, then 2 on a
-    /// wrong size of `equations`; sizes are compared by their low 32 bits.
-    ///
     /// @param params `getNbParameters()` values
     /// @param equations `getNbEquations()` values, sized by the caller and never resized here
     /// @return the result of processEquations(), unchanged
+    /// @throws OVRIXMathException Optimization message 0 on a function that is not initialised, 3 on a wrong size of
+    ///         `params`, then 2 on a wrong size of `equations`; sizes are compared by their low 32 bits
     BoolResult computeEquations(const Vector& params, Vector& equations) const;
 
     /// Evaluates the derivatives of all equations at `params`: `jacobian(j, i)` is that of equation `i` with respect to
@@ -89,13 +88,13 @@ public:
     /// This is the transpose of the usual layout. Its row-major storage is the column-major array that the solver works
     /// on, so nothing is copied on the way.
     ///
-    /// Raises Optimization message 0 on a function that is not initialised, 3 on a wrong size of `params`, then 1 on a
-    /// wrong size of `jacobian`. Text 1 is given the rows and columns found, then the number of equations where it says
-    /// parameters and the number of parameters where it says equations: this order is meant and stays.
-    ///
     /// @param params `getNbParameters()` values
     /// @param jacobian `getNbParameters()` x `getNbEquations()`, sized by the caller and never resized here
     /// @return the result of processJacobian(), unchanged
+    /// @throws OVRIXMathException Optimization message 0 on a function that is not initialised, 3 on a wrong size of
+    ///         `params`, then 1 on a wrong size of `jacobian`. Text 1 is given the rows and columns found, then the
+    ///         number of equations where it says parameters and the number of parameters where it says equations: this
+    ///         order is meant and stays
     BoolResult computeJacobian(const Vector& params, Matrix& jacobian) const;
 
     /// Makes the function not initialised, then calls clearDerived().
@@ -106,8 +105,9 @@ protected:
 
     /// Sets the two sizes and makes the function initialised; on a raise nothing has changed.
     ///
-    /// @param nbParameters at least 1, else Optimization message 7 is raised
-    /// @param nbEquations at least 1, else Optimization message 6 is raised
+    /// @param nbParameters at least 1
+    /// @param nbEquations at least 1
+    /// @throws OVRIXMathException Optimization message 7 without parameters, then 6 without equations
     void initBase(ovUInt32 nbParameters, ovUInt32 nbEquations);
 
     /// Evaluates all equations.
@@ -121,9 +121,15 @@ protected:
 
     /// Evaluates the derivatives, one row per parameter; as processEquations(), every element in place.
     ///
+    /// `jacobian` has its size already. A call of `jacobian.resize(n, m)` for that very size gives it other storage all
+    /// the same, and the solve fails with Optimization message 19.
+    ///
     /// Unless overridden, forward differences: row `j` is `(f(params + h e_j) - f(params)) / h` with the step
     /// `h = max(s, |params[j]| s)`, `s` being the square root of machine epsilon. They cost `getNbParameters() + 1`
-    /// evaluations and always succeed: the results of these evaluations are not looked at.
+    /// evaluations and always succeed: the results of these evaluations are not looked at. What an evaluation leaves
+    /// unwritten, or takes away by another size of its output, counts as zero.
+    ///
+    /// @return success, or a failure whose text says why there are no derivatives at `params`; a solve ends there
     virtual BoolResult processJacobian(const Vector& params, Matrix& jacobian) const;
 
     /// Clears the subclass's own state; does nothing unless overridden.

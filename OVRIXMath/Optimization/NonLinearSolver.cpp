@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 namespace ovrix
 {
@@ -178,20 +179,25 @@ int NonLinearSolver::evaluateEquations(const Vector& params, const double* fvec)
     Vector* const pEquations = findByStorage(fvec, _trialEquations, _equations);
     if (pEquations == nullptr || !_pCostFunction)
         return eSC_UnknownArray;
+    const std::size_t nbEquations = pEquations->size();
     const BoolResult result = _pCostFunction->computeEquations(params, *pEquations);
     if (!result)
     {
         _errorMsg = result.getMessage();
         return eSC_EquationsFailed;
     }
-    // An evaluation that exchanged the storage has freed the array: lmder must stop before it reads there.
-    return pEquations->data().begin() == fvec ? 0 : eSC_UnknownArray;
+    // An evaluation that exchanged the storage has freed the array: lmder must stop before it reads there. Memory that
+    // was freed may have come back at the same address for fewer elements.
+    const bool bInPlace = pEquations->data().begin() == fvec && pEquations->size() == nbEquations;
+    return bInPlace ? 0 : eSC_UnknownArray;
 }
 
 int NonLinearSolver::evaluateJacobian(const Vector& params, const double* fjac)
 {
     if (fjac != _jacobian.data().begin() || !_pCostFunction)
         return eSC_UnknownArray;
+    const std::size_t nbRows = _jacobian.size1();
+    const std::size_t nbColumns = _jacobian.size2();
     const BoolResult result = _pCostFunction->computeJacobian(params, _jacobian);
     if (!result)
     {
@@ -199,7 +205,9 @@ int NonLinearSolver::evaluateJacobian(const Vector& params, const double* fjac)
         return eSC_JacobianFailed;
     }
     ++_nbIterations;
-    return _jacobian.data().begin() == fjac ? 0 : eSC_UnknownArray;
+    const bool bInPlace =
+        _jacobian.data().begin() == fjac && _jacobian.size1() == nbRows && _jacobian.size2() == nbColumns;
+    return bInPlace ? 0 : eSC_UnknownArray;
 }
 
 } // namespace math

@@ -60,35 +60,38 @@ public:
     /// |---|---|---|
     /// | `eOS_Converged` | 9 to 12 | see above |
     /// | `eOS_Stopped` | 14 | the limit of evaluations was reached |
-    /// | `eOS_Stopped` | 15, 16 | no further progress is possible in the precision of `double` |
+    /// | `eOS_Stopped` | 15, 16 | cannot occur: before precision runs out, a test with `tol` is met |
     /// | `eOS_Failed` | 8 | fewer equations than parameters |
     /// | `eOS_Failed` | 13 | the gradient is exactly zero where the equations are not |
     /// | `eOS_Failed` | 14 | the limit of iterations was exceeded |
     /// | `eOS_Failed` | 17, 18 | the equations, or the Jacobian, could not be evaluated |
-    /// | `eOS_Failed` | 19 | an evaluation replaced the storage of its output |
-    /// | `eOS_Failed` | 20 | any other reason |
+    /// | `eOS_Failed` | 19 | an evaluation replaced the storage of its output, or its size |
+    /// | `eOS_Failed` | 20 | any other reason, such as a gradient below machine precision that is not zero |
     ///
     /// A gradient that vanishes is a failure as soon as one equation is left over, so a start at the very minimum of a
     /// problem with residuals fails. Texts 17 and 18 end where the reason would stand: the cost function's own text
     /// never reaches them. Both are meant and callers rely on it.
     ///
-    /// Raises Optimization message 5 on a null pointer, 0 on a cost function that is not initialised, and 3 at the
-    /// first evaluation when the size of `initParams` is not its number of parameters. What a cost function throws
-    /// reaches the caller as it is. There is no result then, and the solver may be used again.
+    /// What a cost function throws reaches the caller as it is. There is no result then, and the solver may be used
+    /// again.
     ///
     /// @param pCostFunction the problem; the solver holds it until clearResults()
     /// @param initParams n values. This must not be the vector that getEstimParams() refers to, which is cleared first:
     ///        pass a copy of it to go on from an earlier estimate
+    /// @throws OVRIXMathException Optimization message 5 on a null pointer, 0 on a cost function that is not
+    ///         initialised, and 3 at the first evaluation when the size of `initParams` is not its number of parameters
     OptResult solve(const CostFunctionConstPtr& pCostFunction, const Vector& initParams);
 
     /// Number of iterations of the last solve: its successful evaluations of the Jacobian.
     ///
-    /// Raises Optimization message 4 unless the last solve ended with `eOS_Converged` or `eOS_Stopped`.
+    /// @throws OVRIXMathException Optimization message 4 unless the last solve ended with `eOS_Converged` or
+    ///         `eOS_Stopped`
     ovUInt32 getNbIteration() const;
 
     /// Parameters found by the last solve; the reference is good until the next solve() or clearResults().
     ///
-    /// Raises Optimization message 4 unless the last solve ended with `eOS_Converged` or `eOS_Stopped`.
+    /// @throws OVRIXMathException Optimization message 4 unless the last solve ended with `eOS_Converged` or
+    ///         `eOS_Stopped`
     const Vector& getEstimParams() const;
 
     /// Goes back to the state of no result: releases the cost function and sets the estimated parameters to zero,

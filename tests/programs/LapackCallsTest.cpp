@@ -21,6 +21,7 @@
 #include <string>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LapackFailure.h>
 #include <support/LogCapture.h>
 #include <support/Matrices.h>
 #include <vector>
@@ -42,6 +43,9 @@ std::function<void(const double* a, const double* s, const double* u)> g_readDec
 
 /// What the inversion of a Cholesky factor left in its array.
 std::function<void(const double* a)> g_readInverse;
+
+/// Changes what the eigenvalue decomposition has found: its number of eigenvalues, them and the eigenvectors.
+std::function<void(lapack_int* m, double* w, double* z)> g_changeEigenvalues;
 
 void describe(std::ostream& stream, char argument)
 {
@@ -156,8 +160,11 @@ extern "C"
                               double vl, double vu, lapack_int il, lapack_int iu, double abstol, lapack_int* m,
                               double* w, double* z, lapack_int ldz, lapack_int* isuppz)
     {
-        return watch("dsyevr", &LAPACKE_dsyevr, layout, jobz, range, uplo, n, a, lda, vl, vu, il, iu, abstol, m, w, z,
-                     ldz, isuppz);
+        const lapack_int info = watch("dsyevr", &LAPACKE_dsyevr, layout, jobz, range, uplo, n, a, lda, vl, vu, il, iu,
+                                      abstol, m, w, z, ldz, isuppz);
+        if (g_changeEigenvalues)
+            g_changeEigenvalues(m, w, z);
+        return info;
     }
 }
 
@@ -198,6 +205,7 @@ protected:
         g_returnCodes.clear();
         g_readDecomposition = nullptr;
         g_readInverse = nullptr;
+        g_changeEigenvalues = nullptr;
     }
 
     Matrix _square = square();
@@ -431,6 +439,64 @@ TEST_F(LapackCalls, EigenvaluesThatLapackDoesNotFindAreZero)
     EXPECT_EQ(toStd(VPartial), std::vector<double>(6, 0.0));
 }
 
+TEST_F(LapackCalls, AnEigenvalueThatLapackDoesNotFindLeavesNothingOfItsColumn)
+{
+    Vector w(3), wAll(3);
+    Matrix V(3, 3), VAll(3, 3);
+    eigenDecomposition(_square, wAll, VAll);
+    g_changeEigenvalues = [](lapack_int* m, double* values, double* z)
+    {
+        *m = 2;
+        for (double* const garbage : {values + 2, z + 2, z + 5, z + 8})
+            *garbage = 1e300;
+    };
+    eigenDecomposition(_square, w, V);
+    wAll(2) = VAll(0, 2) = VAll(1, 2) = VAll(2, 2) = 0.0;
+    EXPECT_EQ(toStd(w), toStd(wAll));
+    EXPECT_EQ(toStd(V), toStd(VAll));
+}
+
+TEST_F(LapackCalls, OneOfTheLargestEigenvaluesThatLapackDoesNotFindLeavesNothingOfItsColumn)
+{
+    Vector w(2), wAll(2);
+    Matrix V(3, 2), VAll(3, 2);
+    eigenPartialDecomposition(_square, wAll, VAll);
+    g_changeEigenvalues = [](lapack_int* m, double* values, double* z)
+    {
+        *m = 1;
+        for (double* const garbage : {values + 1, z + 1, z + 3, z + 5})
+            *garbage = 1e300;
+    };
+    eigenPartialDecomposition(_square, w, V);
+    wAll(1) = VAll(0, 1) = VAll(1, 1) = VAll(2, 1) = 0.0;
+    EXPECT_EQ(toStd(w), toStd(wAll));
+    EXPECT_EQ(toStd(V), toStd(VAll));
+}
+
+TEST_F(LapackCalls, CholeskyInverseMirrorsTheFactorWhereThereIsNoMemoryToInvertIt)
+{
+    g_returnCodes["dpotri"] = LAPACK_TRANSPOSE_MEMORY_ERROR;
+    Matrix U(3, 3);
+    ASSERT_TRUE(choleskyDecomposition(_square, U));
+    Matrix A = _square;
+    EXPECT_TRUE(choleskyInverse(A));
+    for (std::size_t r = 0; r < 3; ++r)
+    {
+        for (std::size_t c = 0; c < 3; ++c)
+            EXPECT_EQ(A(r, c), U(std::min(r, c), std::max(r, c)));
+    }
+}
+
+TEST_F(LapackCalls, RIsWrittenWhenTheReflectionsAreRefused)
+{
+    Matrix Q(4, 3, 9.0), R(3, 3, 9.0);
+    g_returnCodes["dorgqr"] = -5;
+    expectMathRaises(g_lapackText, [&] { qrDecomposition(_tall, Q, R); });
+    EXPECT_EQ(toStd(Q), std::vector<double>(12, 9.0));
+    EXPECT_EQ(R(1, 0), 0.0);
+    EXPECT_NE(R(0, 0), 9.0);
+}
+
 // What becomes of a return code
 
 namespace
@@ -507,9 +573,8 @@ TEST_P(LapackReturnCode, Ends)
     const LogCapture log;
     if (GetParam().end == eE_Raises)
     {
-        const std::string text = "LaPack repport an error during execution";
-        expectMathRaises(text, [] { callByName(GetParam().function); });
-        EXPECT_THAT(log.getTexts(), ElementsAre(text));
+        expectMathRaises(g_lapackText, [] { callByName(GetParam().function); });
+        EXPECT_THAT(log.getTexts(), ElementsAre(g_lapackText));
         return;
     }
     EXPECT_EQ(callByName(GetParam().function), GetParam().end == eE_True);

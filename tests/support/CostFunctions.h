@@ -2,6 +2,8 @@
 
 #include <OVRIXMath/Optimization/BaseCostFunction.h>
 
+#include <boost/make_shared.hpp>
+
 #include <cmath>
 #include <cstddef>
 #include <functional>
@@ -97,6 +99,24 @@ private:
     Jacobian _jacobian;
     mutable std::vector<std::vector<double>> _points;
 };
+
+/// A function of one variable and its derivative, as a problem of one equation.
+template <class F, class D>
+boost::shared_ptr<FreeCostFunction> makeScalarProblem(F f, D derivative)
+{
+    return boost::make_shared<FreeCostFunction>(
+        1u, 1u,
+        [f](const Vector& p, Vector& equations)
+        {
+            equations[0] = f(p[0]);
+            return BoolResult(true);
+        },
+        [derivative](const Vector& p, Matrix& jacobian)
+        {
+            jacobian(0, 0) = derivative(p[0]);
+            return BoolResult(true);
+        });
+}
 
 } // namespace test
 } // namespace ovrix

@@ -25,7 +25,7 @@ std::string withoutIndentation(const std::string& line)
 }
 
 /// What stands between "```cpp" and "```" on the lines that begin with a mark, which is left out.
-std::vector<std::string> readExamples(const std::string& path, const std::string& mark)
+std::vector<std::string> readMarkedExamples(const std::string& path, const std::string& mark)
 {
     std::ifstream file = openProjectFile(path);
     std::vector<std::string> examples;
@@ -54,12 +54,17 @@ std::vector<std::string> readExamples(const std::string& path, const std::string
 
 std::string readExample(const std::string& header)
 {
-    return readExamples(header, "///").front();
+    return readExamples(header).front();
+}
+
+std::vector<std::string> readExamples(const std::string& header)
+{
+    return readMarkedExamples(header, "///");
 }
 
 std::vector<std::string> readGuideExamples(const std::string& guide)
 {
-    return readExamples(guide, "");
+    return readMarkedExamples(guide, "");
 }
 
 std::string readCode(const std::string& source)

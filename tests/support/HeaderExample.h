@@ -20,6 +20,9 @@ namespace test
 /// @param header path from the project's root
 std::string readExample(const std::string& header);
 
+/// All examples in the documentation of a header, each as above.
+std::vector<std::string> readExamples(const std::string& header);
+
 /// The examples of a guide in Markdown, each as above.
 ///
 /// @param guide path from the project's root

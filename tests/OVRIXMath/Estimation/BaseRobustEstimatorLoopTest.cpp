@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <support/Builders.h>
+#include <support/DataSets.h>
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
 #include <support/MockEstimators.h>
@@ -29,6 +30,7 @@ using test::makeVector;
 using test::MockEstimator;
 using test::MockPartition;
 using test::MockScorer;
+using test::numberedData;
 using test::toStd;
 using testing::_;
 using testing::AtLeast;
@@ -48,15 +50,6 @@ const double g_rejected = NumericLimits<double>::s_max;
 const char* const g_noSubSetText = "Failed to generate a sub set of data using data partition";
 const char* const g_noScoreText =
     "Robust estimation failed, no valid estimation score computed, outlier threshold may be to high";
-
-/// Data (0), (1), ..., (nbData - 1).
-DataSet numberedData(ovUInt32 nbData)
-{
-    DataSet data;
-    for (ovUInt32 i = 0; i < nbData; ++i)
-        data.push_back(makeVector({static_cast<double>(i)}));
-    return data;
-}
 
 /// The values of data of one element.
 std::vector<double> valuesOf(const DataSet& dataSet)

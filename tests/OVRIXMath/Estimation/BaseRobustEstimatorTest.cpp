@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <limits>
 #include <support/Builders.h>
+#include <support/DataSets.h>
 #include <support/ExpectFailure.h>
 #include <support/HeaderExample.h>
 #include <support/LineEstimator.h>
@@ -34,6 +35,7 @@ using test::makeVector;
 using test::MockEstimator;
 using test::MockPartition;
 using test::MockScorer;
+using test::numberedData;
 using testing::_;
 using testing::Mock;
 using testing::NiceMock;
@@ -45,15 +47,6 @@ const char* const g_notDoneText = "Robust estimation has not been proceeded, can
 boost::shared_ptr<NiceMock<MockEstimator>> createEstimator(ovUInt32 nbMinRequestedData, ovUInt32 nbEstimParams = 1)
 {
     return boost::make_shared<NiceMock<MockEstimator>>(nbMinRequestedData, nbEstimParams, 1u);
-}
-
-/// Data (0), (1), ..., (nbData - 1).
-DataSet numberedData(ovUInt32 nbData)
-{
-    DataSet data;
-    for (ovUInt32 i = 0; i < nbData; ++i)
-        data.push_back(makeVector({static_cast<double>(i)}));
-    return data;
 }
 
 /// Runs needed for sub-sets of m data, an expected outlier ratio e and a success ratio p.

@@ -5,11 +5,17 @@
 #include <boost/make_shared.hpp>
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <functional>
+#include <stdexcept>
+#include <string>
 #include <support/Builders.h>
 #include <support/CostFunctions.h>
+#include <support/DataSets.h>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <support/LineEstimator.h>
 #include <support/LogCapture.h>
 #include <support/MockEstimators.h>
@@ -23,12 +29,17 @@ namespace math
 namespace
 {
 
+using test::DecayCostFunction;
 using test::expectFailure;
 using test::expectMathRaises;
 using test::FreeCostFunction;
+using test::makeScalarProblem;
 using test::makeVector;
 using test::MockEstimator;
+using test::noisyLine;
+using test::numberedData;
 using test::toStd;
+using testing::HasSubstr;
 using testing::NiceMock;
 using testing::Return;
 
@@ -41,29 +52,6 @@ std::function<CostFunctionPtr(const DataSet&)> g_factory;
 CostFunctionPtr createCostFunction(const DataSet& inliers)
 {
     return g_factory(inliers);
-}
-
-/// Data (0), (1), ..., (nbData - 1).
-DataSet numberedData(ovUInt32 nbData)
-{
-    DataSet data;
-    for (ovUInt32 i = 0; i < nbData; ++i)
-        data.push_back(makeVector({static_cast<double>(i)}));
-    return data;
-}
-
-/// A line with outliers on every fourth datum.
-DataSet noisyLine()
-{
-    test::RandomData random(63);
-    DataSet data;
-    for (int i = 0; i < 80; ++i)
-    {
-        const double x = random.real(-2.0, 2.0);
-        const double offset = i % 4 == 0 ? random.real(3.0, 9.0) : random.normal(0.1);
-        data.push_back(makeVector({x, 0.5 * x - 1.0 + offset}));
-    }
-    return data;
 }
 
 /// The sum of the fourth powers of a line's residuals: a problem with another solution than least squares.
@@ -82,29 +70,16 @@ boost::shared_ptr<FreeCostFunction> createSquaredLineCost(const DataSet& inliers
                                                 });
 }
 
-/// One equation of one parameter with its derivative.
-boost::shared_ptr<FreeCostFunction> createScalarCost(const std::function<double(double)>& equation,
-                                                     const std::function<double(double)>& derivative)
-{
-    return boost::make_shared<FreeCostFunction>(
-        1u, 1u,
-        [equation](const Vector& params, Vector& equations)
-        {
-            equations(0) = equation(params(0));
-            return BoolResult(true);
-        },
-        [derivative](const Vector& params, Matrix& jacobian)
-        {
-            jacobian(0, 0) = derivative(params(0));
-            return BoolResult(true);
-        });
-}
-
 /// The problem x - 5 = 0, solved in one step.
 CostFunctionPtr createFive(const DataSet&)
 {
-    return createScalarCost([](double x) { return x - 5.0; }, [](double) { return 1.0; });
+    return makeScalarProblem([](double x) { return x - 5.0; }, [](double) { return 1.0; });
 }
+
+/// What a factory or a cost function of the tests throws.
+struct NoSuchModel
+{
+};
 
 /// A robust estimation of a mocked model with one parameter, whose last fits' residuals are small, and a factory.
 class RefinedEstimation : public testing::Test
@@ -134,6 +109,14 @@ protected:
             ADD_FAILURE() << "The factory has been called";
             return CostFunctionPtr();
         };
+    }
+
+    void expectPassesOnWithRobustResults()
+    {
+        EXPECT_THROW(process(numberedData(30)), NoSuchModel);
+        test::expectSuccess(_results.getEstimationStatus());
+        EXPECT_TRUE(_results.hasRobustEstimationDone());
+        EXPECT_EQ(toStd(_results.getEstimParams()), (std::vector<double>{11}));
     }
 
     EstimationConfig _config;
@@ -216,7 +199,7 @@ TEST_F(RefinedEstimation, KeepsTheFlagsAndTheThresholdOfTheRobustFit)
 TEST_F(RefinedEstimation, GivesWhatASolverGivesByHand)
 {
     const auto pLine = boost::make_shared<LineEstimator>();
-    const DataSet data = noisyLine();
+    const DataSet data = noisyLine(63);
     _config.initMSAC(0.4, 0.35);
     g_factory = [](const DataSet& inliers) { return createSquaredLineCost(inliers); };
     RandomUniformGenerator::getGen().seed(64);
@@ -243,13 +226,99 @@ TEST_F(RefinedEstimation, GivesWhatASolverGivesByHand)
     EXPECT_EQ(_results.getNbInputData(), 80u);
 }
 
+namespace
+{
+
+/// Element i of each datum.
+Vector columnOf(const DataSet& dataSet, std::size_t i)
+{
+    Vector column(dataSet.size());
+    std::transform(dataSet.begin(), dataSet.end(), column.begin(), [i](const Vector& datum) { return datum(i); });
+    return column;
+}
+
+/// The decay y = b0 exp(-b1 x) with the parameters (b0, b1), fitted as a line to the logarithms of y.
+class DecayEstimator : public BaseEstimator
+{
+public:
+    DecayEstimator()
+    {
+        initBase(2, 2, 2);
+    }
+
+protected:
+    BoolResult processEstimation(const DataSet& dataSet, ParameterType& estimParams) override
+    {
+        DataSet logarithms = dataSet;
+        for (Vector& datum : logarithms)
+            datum(1) = std::log(datum(1));
+        const BoolResult result = _line.computeEstimation(logarithms, estimParams);
+        estimParams = makeVector({std::exp(estimParams(1)), -estimParams(0)});
+        return result;
+    }
+
+    BoolResult processResiduals(const DataSet& dataSet, const ParameterType& estimParams,
+                                ResidualsSet& residuals) const override
+    {
+        const DecayCostFunction decay(columnOf(dataSet, 0), columnOf(dataSet, 1));
+        return decay.computeEquations(estimParams, residuals);
+    }
+
+private:
+    LineEstimator _line;
+};
+
+/// Data (x, y) of y = 8 exp(-x / 2) with a little noise, every fourth of them an outlier above it.
+DataSet noisyDecay()
+{
+    test::RandomData random(65);
+    DataSet data;
+    for (int i = 0; i < 80; ++i)
+    {
+        const double x = random.real(-2.0, 2.0);
+        const double offset = i % 4 == 0 ? random.real(3.0, 9.0) : random.normal(0.01);
+        data.push_back(makeVector({x, 8.0 * std::exp(-0.5 * x) + offset}));
+    }
+    return data;
+}
+
+} // namespace
+
+TEST(ProcessEstimationExample, OfTheHeaderAndTheGuideFitsADecay)
+{
+    const DataSet dataSet = noisyDecay();
+    RandomUniformGenerator::getGen().seed(66);
+
+    // DecayEstimator fits a line to the logarithms of the data, DecayCostFunction a decay to the data themselves.
+    const auto createCost = [](const DataSet& inliers) -> CostFunctionPtr
+    {
+        const Vector x = columnOf(inliers, 0);
+        const Vector y = columnOf(inliers, 1);
+        return boost::make_shared<DecayCostFunction>(x, y);
+    };
+    EstimationConfig config;
+    config.initMSAC(0.1, 0.3);
+    EstimationResults results;
+    processEstimation(config, boost::make_shared<DecayEstimator>(), createCost, dataSet, results);
+    if (!results.getEstimationStatus())
+        throw std::runtime_error(results.getEstimationStatus().getMessage());
+    const ParameterType params = results.getEstimParams();
+
+    const std::string code = test::readCode(__FILE__);
+    EXPECT_THAT(code, HasSubstr(test::readExamples("OVRIXMath/Estimation/EstimationUtils.h").at(1)));
+    EXPECT_THAT(code, HasSubstr(test::readGuideExamples("docs/guides/least_squares.md").at(0)));
+    EXPECT_NEAR(params(0), 8.0, 0.02);
+    EXPECT_NEAR(params(1), 0.5, 0.002);
+    EXPECT_LE(computeNbOutliers(results.getOutlierFlags()), 24u);
+}
+
 TEST_F(RefinedEstimation, ASolverThatStopsCountsAsDone)
 {
     // The sum of squares is |x|: most steps go beyond the kink and are refused until the evaluations run out.
     g_factory = [](const DataSet&)
     {
-        return createScalarCost([](double x) { return std::sqrt(std::fabs(x)); },
-                                [](double x) { return std::copysign(0.5 / std::sqrt(std::fabs(x)), x); });
+        return makeScalarProblem([](double x) { return std::sqrt(std::fabs(x)); },
+                                 [](double x) { return std::copysign(0.5 / std::sqrt(std::fabs(x)), x); });
     };
     ON_CALL(*_pEstimator, processEstimation)
         .WillByDefault(
@@ -269,7 +338,8 @@ TEST_F(RefinedEstimation, ASolverThatFailsMakesTheResultsFail)
 {
     // A gradient of zero where the equation is not.
     const test::LogCapture log;
-    g_factory = [](const DataSet&) { return createScalarCost([](double) { return 1.0; }, [](double) { return 0.0; }); };
+    g_factory = [](const DataSet&)
+    { return makeScalarProblem([](double) { return 1.0; }, [](double) { return 0.0; }); };
     process(numberedData(30));
     expectFailure("Non linear estimation pass failed\n"
                   "Fvec is orthogonal to the columns of the jacobian to machine precision",
@@ -279,7 +349,8 @@ TEST_F(RefinedEstimation, ASolverThatFailsMakesTheResultsFail)
 
 TEST_F(RefinedEstimation, AfterASolverThatFailsTheCountsStand)
 {
-    g_factory = [](const DataSet&) { return createScalarCost([](double) { return 1.0; }, [](double) { return 0.0; }); };
+    g_factory = [](const DataSet&)
+    { return makeScalarProblem([](double) { return 1.0; }, [](double) { return 0.0; }); };
     process(numberedData(30));
     EXPECT_EQ(_results.getNbInputData(), 30u);
     EXPECT_EQ(_results.getNbMinDataForRobustEstimation(), 5u);
@@ -341,6 +412,26 @@ TEST_F(RefinedEstimation, ANullCostFunctionLeavesTheRobustResults)
     EXPECT_THROW(process(numberedData(30)), OVRIXMathException);
     test::expectSuccess(_results.getEstimationStatus());
     EXPECT_EQ(toStd(_results.getEstimParams()), (std::vector<double>{11}));
+}
+
+TEST_F(RefinedEstimation, AnExceptionOfTheFactoryComesThroughAndLeavesTheRobustResults)
+{
+    g_factory = [](const DataSet&) -> CostFunctionPtr { throw NoSuchModel(); };
+    expectPassesOnWithRobustResults();
+}
+
+TEST_F(RefinedEstimation, AnExceptionOfTheEquationsComesThroughAndLeavesTheRobustResults)
+{
+    g_factory = [](const DataSet&)
+    { return makeScalarProblem([](double) -> double { throw NoSuchModel(); }, [](double) { return 1.0; }); };
+    expectPassesOnWithRobustResults();
+}
+
+TEST_F(RefinedEstimation, AnExceptionOfTheJacobianComesThroughAndLeavesTheRobustResults)
+{
+    g_factory = [](const DataSet&)
+    { return makeScalarProblem([](double x) { return x; }, [](double) -> double { throw NoSuchModel(); }); };
+    expectPassesOnWithRobustResults();
 }
 
 TEST_F(RefinedEstimation, AFailedEstimationIsNotRefined)

@@ -9,11 +9,11 @@
 #include <gmock/gmock.h>
 
 #include <support/Builders.h>
+#include <support/DataSets.h>
 #include <support/ExpectFailure.h>
 #include <support/LineEstimator.h>
 #include <support/LogCapture.h>
 #include <support/MockEstimators.h>
-#include <support/RandomData.h>
 #include <tuple>
 
 namespace ovrix
@@ -30,6 +30,8 @@ using test::expectSuccess;
 using test::makeVector;
 using test::MockEstimator;
 using test::MockPartition;
+using test::noisyLine;
+using test::numberedData;
 using test::toStd;
 using testing::_;
 using testing::NiceMock;
@@ -42,15 +44,6 @@ const char* const g_rejectedText =
 
 const BoolResult g_noFit(false, "No fit");
 const BoolResult g_noResiduals(false, "No residuals");
-
-/// Data (0), (1), ..., (nbData - 1).
-DataSet numberedData(ovUInt32 nbData)
-{
-    DataSet data;
-    for (ovUInt32 i = 0; i < nbData; ++i)
-        data.push_back(makeVector({static_cast<double>(i)}));
-    return data;
-}
 
 /// A configuration of each method that expects 40 % of outliers and accepts residuals around the first fits' numbers.
 EstimationConfig createConfig(eRobustEstimationType type)
@@ -445,20 +438,6 @@ TEST_F(ProcessEstimation, OneModelServesManyEstimations)
 
 namespace
 {
-
-/// A line with noise and outliers.
-DataSet noisyLine(unsigned int seed)
-{
-    test::RandomData random(seed);
-    DataSet data;
-    for (int i = 0; i < 80; ++i)
-    {
-        const double x = random.real(-2.0, 2.0);
-        const double offset = i % 4 == 0 ? random.real(3.0, 9.0) : random.normal(0.1);
-        data.push_back(makeVector({x, 0.5 * x - 1.0 + offset}));
-    }
-    return data;
-}
 
 /// The robust estimation that a configuration stands for, set up by hand.
 RobustEstimatorPtr setUpByHand(eRobustEstimationType type, const EstimatorPtr& pEstimator)

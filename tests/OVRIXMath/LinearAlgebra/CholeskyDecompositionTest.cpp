@@ -9,6 +9,7 @@
 #include <support/BoundedTime.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LapackFailure.h>
 #include <support/LogCapture.h>
 #include <support/Matrices.h>
 #include <support/NonFinite.h>
@@ -25,7 +26,6 @@ namespace
 {
 
 constexpr double g_nan = std::numeric_limits<double>::quiet_NaN();
-const std::string g_lapackText = "LaPack repport an error during execution";
 
 double bound(std::size_t n)
 {
@@ -100,6 +100,16 @@ TEST(CholeskyDecomposition, ReturnsFalseOnANegativeEigenvalueAndLogsNothing)
     Matrix U(2, 2);
     EXPECT_FALSE(choleskyDecomposition(indefinite(), U));
     EXPECT_EQ(log.getTexts(), std::vector<std::string>());
+}
+
+TEST(CholeskyDecomposition, LeavesWhatLapackLeftWhenItReturnsFalse)
+{
+    Matrix U(2, 2, 9.0);
+    EXPECT_FALSE(choleskyDecomposition(indefinite(), U));
+    // The first row is that of the factor; the element below the diagonal has not become zero.
+    EXPECT_EQ(U(0, 0), 1.0);
+    EXPECT_EQ(U(0, 1), 2.0);
+    EXPECT_EQ(U(1, 0), 2.0);
 }
 
 TEST(CholeskyDecomposition, ReturnsFalseOnASingularMatrix)
@@ -193,6 +203,15 @@ TEST(CholeskyInverse, ReturnsFalseOnANegativeEigenvalueAndLogsNothing)
     EXPECT_FALSE(choleskyInverse(indefinite(), Ainv));
     EXPECT_FALSE(choleskyInverse(A));
     EXPECT_EQ(log.getTexts(), std::vector<std::string>());
+}
+
+TEST(CholeskyInverse, LeavesWhatLapackLeftWhenItReturnsFalse)
+{
+    Matrix A = makeMatrix({{4.0, 6.0}, {7.0, 1.0}});
+    EXPECT_FALSE(choleskyInverse(A));
+    EXPECT_EQ(A(0, 0), 2.0);
+    EXPECT_EQ(A(0, 1), 3.0);
+    EXPECT_EQ(A(1, 0), 7.0);
 }
 
 TEST(CholeskyInverse, ReadsTheUpperTriangleOnly)

@@ -8,13 +8,14 @@
 #include <cstddef>
 #include <iterator>
 #include <limits>
-#include <numeric>
 #include <random>
 #include <string>
+#include <support/AllocationCount.h>
 #include <support/Bits.h>
 #include <support/BoundedTime.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LapackFailure.h>
 #include <support/Matrices.h>
 #include <support/NonFinite.h>
 #include <support/NumberTypes.h>
@@ -33,7 +34,6 @@ namespace
 
 constexpr double g_nan = std::numeric_limits<double>::quiet_NaN();
 const double g_pi = std::acos(-1.0);
-const std::string g_lapackText = "LaPack repport an error during execution";
 
 double bound(std::size_t n)
 {
@@ -330,6 +330,13 @@ struct Outputs
 {
     Outputs(std::size_t n, std::size_t q) : w(q, 9.0), V(n, q, 9.0) {}
 
+    /// Whether all eigenvalues and all elements of eigenvectors have those values.
+    bool hold(double valueOfW, double valueOfV) const
+    {
+        return std::count(w.begin(), w.end(), valueOfW) == std::ptrdiff_t(w.size()) &&
+               std::count(V.data().begin(), V.data().end(), valueOfV) == std::ptrdiff_t(V.data().size());
+    }
+
     Vector w;
     Matrix V;
 };
@@ -384,24 +391,57 @@ TEST(EigenNonFinite, BothFormsRaiseOnNaNInTheUpperTriangle)
         const std::size_t n = matrix.A.size1();
         Outputs outputs(n, n);
         expectMathRaises(g_lapackText, [&] { eigenDecomposition(matrix.A, outputs.w, outputs.V); });
+        EXPECT_TRUE(outputs.hold(0.0, 0.0));
         Outputs partial(n, 1);
         expectMathRaises(g_lapackText, [&] { eigenPartialDecomposition(matrix.A, partial.w, partial.V); });
-        EXPECT_EQ(partial.w(0), 9.0);
+        EXPECT_TRUE(partial.hold(9.0, 0.0));
     }
 }
 
-TEST(EigenNonFinite, BothFormsReturnOnAnInfinity)
+TEST(EigenNonFinite, AnInfinityGivesEigenvaluesThatAreNoNumbersAndAFullRank)
 {
     for (const NonFiniteMatrix& matrix : nonFiniteSquareMatrices())
     {
-        if (std::isnan(matrix.value()))
+        const std::size_t n = matrix.A.size1();
+        if (std::isnan(matrix.value()) || !isInUpperTriangle(matrix) || n == 1)
+            continue;
+        SCOPED_TRACE(matrix.name);
+        Outputs outputs(n, n);
+        EXPECT_EQ(eigenDecomposition(matrix.A, outputs.w, outputs.V), n);
+        Outputs partial(n, 1);
+        eigenPartialDecomposition(matrix.A, partial.w, partial.V);
+        for (const double value : outputs.w)
+            EXPECT_TRUE(std::isnan(value));
+        EXPECT_TRUE(std::isnan(partial.w(0)));
+    }
+}
+
+TEST(EigenNonFinite, ASingleInfiniteElementIsItsOwnEigenvalueOfRankZero)
+{
+    for (const double infinity : {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()})
+    {
+        const Matrix A(1, 1, infinity);
+        Outputs outputs(1, 1);
+        EXPECT_EQ(eigenDecomposition(A, outputs.w, outputs.V), 0u);
+        EXPECT_EQ(outputs.w(0), infinity);
+        Outputs partial(1, 1);
+        eigenPartialDecomposition(A, partial.w, partial.V);
+        EXPECT_EQ(partial.w(0), infinity);
+    }
+}
+
+TEST(EigenNonFinite, AnInfinityBelowTheDiagonalIsNotRead)
+{
+    for (const NonFiniteMatrix& matrix : nonFiniteSquareMatrices())
+    {
+        if (isInUpperTriangle(matrix))
             continue;
         SCOPED_TRACE(matrix.name);
         const std::size_t n = matrix.A.size1();
         Outputs outputs(n, n);
-        EXPECT_NO_THROW(eigenDecomposition(matrix.A, outputs.w, outputs.V));
-        Outputs partial(n, 1);
-        EXPECT_NO_THROW(eigenPartialDecomposition(matrix.A, partial.w, partial.V));
+        eigenDecomposition(matrix.A, outputs.w, outputs.V);
+        for (const double value : outputs.w)
+            EXPECT_TRUE(std::isfinite(value));
     }
 }
 
@@ -442,6 +482,21 @@ TEST(EigenDecomposition2, PointsAlongTheFirstAxisWhenItIsTheLarger)
 TEST(EigenDecomposition2, PointsAlongTheSecondAxisWhenItIsTheLarger)
 {
     EXPECT_EQ(decompose2(1.0, 0.0, 5.0).angle, std::atan2(4.0, 0.0));
+}
+
+TEST(EigenDecomposition2, MayTurnByARightAngleWhereRoundingAloneDecides)
+{
+    // The larger eigenvalue is rounded down to 1.5, which is below the first element.
+    const Eigen2 eigen = decompose2(1.5000000000000002, 0.0, 0.5);
+    EXPECT_EQ(eigen.maxValue, 1.5);
+    EXPECT_EQ(eigen.angle, -g_pi / 2.0);
+}
+
+TEST(EigenDecomposition2, AllocatesNothing)
+{
+    Eigen2 eigen{};
+    EXPECT_EQ(countSteadyAllocations([&] { eigen = decompose2(2.0, 1.0, 2.0); }), 0u);
+    EXPECT_EQ(eigen.maxValue, 3.0);
 }
 
 TEST(EigenDecomposition2, OfZerosIsZero)
@@ -794,46 +849,138 @@ TYPED_TEST(ClosedFormOf, HasTheBitsOfThePlainFormulas)
     }
 }
 
+namespace
+{
+
+/// Three eigenvalues in rising order, the largest of absolute value 1.
+struct Spectrum
+{
+    std::vector<double> values;
+    double gap; ///< distance of the two nearest ones
+    double far; ///< distance of the third from the middle one
+};
+
+/// A spectrum of two eigenvalues at a distance and a third, above or below them, at another one.
+Spectrum drawSpectrum(double near, double far, std::mt19937& gen)
+{
+    const double base = std::uniform_real_distribution<double>(-1.0, 1.0)(gen);
+    Spectrum spectrum{{base, base + near, gen() % 2 == 0 ? base - far : base + near + far}, near, far};
+    std::sort(spectrum.values.begin(), spectrum.values.end());
+    const double largest = std::max(std::fabs(spectrum.values[0]), std::fabs(spectrum.values[2]));
+    for (double& value : spectrum.values)
+        value /= largest;
+    spectrum.gap /= largest;
+    spectrum.far /= largest;
+    return spectrum;
+}
+
+/// What the header allows |A v - l v| for eigenvalues of these distances.
+template <class T>
+double residualBound(const Spectrum& spectrum)
+{
+    const double eps = std::numeric_limits<T>::epsilon();
+    const double tol = NumericLimits<T>::s_sqrt_eps;
+    if (spectrum.gap * spectrum.far > 2.0 * tol)
+        return std::min(10.0 * eps / spectrum.gap, 8.0 * std::sqrt(eps));
+    if (spectrum.far * (spectrum.far + spectrum.gap) > 2.0 * tol)
+        return spectrum.gap + 8.0 * std::sqrt(eps);
+    return std::min(spectrum.far + spectrum.gap + std::sqrt(eps), 2.0 * std::sqrt(tol));
+}
+
+} // namespace
+
 TYPED_TEST(ClosedFormOf, LosesTheDigitsThatTheHeaderTellsWhereEigenvaluesNearlyCoincide)
 {
     const double eps = std::numeric_limits<TypeParam>::epsilon();
     std::mt19937 gen(5);
-    std::uniform_real_distribution<double> uniform(-1.0, 1.0);
-    for (double gap = 1.0; gap > 1e-17; gap *= 0.1)
+    for (double far = 1.0; far > 0.9e-4; far *= 0.1)
     {
-        const double tolerance = std::min(10.0 * eps / gap, 4.0 * std::sqrt(eps));
-        for (int i = 0; i < 500; ++i)
+        for (double near = far; near > 1e-17; near *= 0.1)
         {
-            // Two eigenvalues at the distance of the gap and one far away; the largest has the absolute value 1.
-            const double base = uniform(gen);
-            std::vector<double> values = {i % 2 == 0 ? base - 1.0 : base + gap + 1.0, base, base + gap};
-            const double largest =
-                std::accumulate(values.begin(), values.end(), 0.0,
-                                [](double result, double value) { return std::max(result, std::fabs(value)); });
-            for (double& value : values)
-                value /= largest;
-            const Matrix A = roundedTo<TypeParam>(withEigenvalues(values, gen));
-            Matrix V(3, 3);
-            Vector w(3);
-            eigenDecomposition(A, w, V);
-            const Eigen3 eigen = decompose3<TypeParam>(A);
-            EXPECT_LE(eigen.l[0], eigen.l[1] + 8.0 * eps) << gap;
-            EXPECT_LE(eigen.l[1], eigen.l[2] + 8.0 * eps) << gap;
-            EXPECT_NEAR(determinant(eigen.rows), 1.0, tolerance) << gap;
-            const Matrix angles = multiply(eigen.rows, transposed(eigen.rows));
-            for (std::size_t j = 0; j < 3; ++j)
+            SCOPED_TRACE(testing::Message() << near << " and " << far);
+            for (int i = 0; i < 200; ++i)
             {
-                // The general form rounds as well.
-                EXPECT_NEAR(eigen.l[j], w(j), tolerance + bound(3)) << gap;
-                Vector v = boost::numeric::ublas::row(eigen.rows, j);
-                EXPECT_NEAR(norm(v), 1.0, 4.0 * eps) << gap;
-                const Vector image = multiply(A, v);
-                v *= eigen.l[j];
-                EXPECT_LE(norm(subtract(image, v)), tolerance) << gap;
-                for (std::size_t k = 0; k < j; ++k)
-                    EXPECT_LE(std::fabs(angles(j, k)), tolerance) << gap;
+                const Spectrum spectrum = drawSpectrum(near, far, gen);
+                const double tolerance = std::min(10.0 * eps / spectrum.gap, 4.0 * std::sqrt(eps));
+                const Matrix A = roundedTo<TypeParam>(withEigenvalues(spectrum.values, gen));
+                Matrix V(3, 3);
+                Vector w(3);
+                eigenDecomposition(A, w, V);
+                const Eigen3 eigen = decompose3<TypeParam>(A);
+                EXPECT_LE(eigen.l[0], eigen.l[1] + 8.0 * eps);
+                EXPECT_LE(eigen.l[1], eigen.l[2] + 8.0 * eps);
+                const Matrix angles = multiply(eigen.rows, transposed(eigen.rows));
+                for (std::size_t j = 0; j < 3; ++j)
+                {
+                    // The general form rounds as well.
+                    EXPECT_NEAR(eigen.l[j], w(j), tolerance + bound(3));
+                    Vector v = boost::numeric::ublas::row(eigen.rows, j);
+                    EXPECT_NEAR(norm(v), 1.0, 4.0 * eps);
+                    const Vector image = multiply(A, v);
+                    v *= eigen.l[j];
+                    EXPECT_LE(norm(subtract(image, v)), residualBound<TypeParam>(spectrum));
+                    for (std::size_t k = 0; k < j; ++k)
+                        EXPECT_LE(std::fabs(angles(j, k)), tolerance);
+                }
             }
         }
+    }
+}
+
+TEST(EigenDecomposition3, TakesAnyVectorsOfThePlaneWhereTheThirdEigenvalueIsNearToo)
+{
+    // Eigenvalues 0.999, 1 and 1.00001: the products of their distances are below the tolerance.
+    std::mt19937 gen(14);
+    double largest = 0.0;
+    for (int i = 0; i < 200; ++i)
+    {
+        const Matrix A = withEigenvalues({0.999, 1.0, 1.00001}, gen);
+        const Eigen3 eigen = decompose3<double>(A);
+        EXPECT_LE(orthonormalityError(eigen.rows), 1e-10);
+        Vector v = boost::numeric::ublas::row(eigen.rows, 1);
+        const Vector image = multiply(A, v);
+        v *= eigen.l[1];
+        largest = std::max(largest, norm(subtract(image, v)));
+    }
+    EXPECT_GT(largest, 4e-6);
+    EXPECT_LE(largest, 1.1e-5);
+}
+
+TYPED_TEST(ClosedFormOf, IsRightHandedUnlessTheMatrixCountsAsDiagonal)
+{
+    std::mt19937 gen(15);
+    for (double near = 1.0; near > 1e-17; near *= 0.1)
+    {
+        for (int i = 0; i < 200; ++i)
+        {
+            const Matrix A = withEigenvalues(drawSpectrum(near, 1.0, gen).values, gen);
+            EXPECT_NEAR(determinant(decompose3<TypeParam>(A).rows), 1.0, 0.01) << near;
+        }
+    }
+}
+
+TYPED_TEST(ClosedFormOf, AllocatesNothing)
+{
+    using T = TypeParam;
+    // A diagonal, three eigenvalues apart, and two that coincide.
+    const T triangles[][6] = {{T(2), T(0), T(0), T(1), T(0), T(3)},
+                              {T(2), T(-1), T(0), T(2), T(-1), T(2)},
+                              {T(2), T(1), T(1), T(2), T(1), T(2)}};
+    for (const T(&A)[6] : triangles)
+    {
+        T l[3];
+        T v[9];
+        EXPECT_EQ(countSteadyAllocations(
+                      [&]
+                      {
+                          eigenDecomposition(A[0], A[1], A[2], A[3], A[4], A[5], l[0], l[1], l[2], v[0], v[1], v[2],
+                                             v[3], v[4], v[5], v[6], v[7], v[8]);
+                      }),
+                  0u);
+        EXPECT_EQ(countSteadyAllocations(
+                      [&]
+                      { eigenDecomposition(A[0], A[1], A[2], A[3], A[4], A[5], l[0], l[1], l[2], v[0], v[1], v[2]); }),
+                  0u);
     }
 }
 
@@ -918,6 +1065,25 @@ TEST(EigenDecompositionAngles3, OfARisingDiagonalAreZero)
     EXPECT_EQ(angles.phi, 0.0);
 }
 
+TEST(EigenDecompositionAngles3, OfADiagonalRotateToItsAxesButForTheSignOfOneRowOfALeftHandedSystem)
+{
+    std::vector<double> values = {1.0, 2.0, 3.0};
+    do
+    {
+        const Matrix A = diagonal(values);
+        const Matrix axes = decompose3<double>(A).rows;
+        const Angles3 angles = decompose3ToAngles<double>(A);
+        const Matrix signs = multiply(rotation(angles.psi, angles.theta, angles.phi), transposed(axes));
+        int nbTurned = 0;
+        for (std::size_t j = 0; j < 3; ++j)
+        {
+            EXPECT_NEAR(std::fabs(signs(j, j)), 1.0, 1e-15);
+            nbTurned += signs(j, j) < 0.0 ? 1 : 0;
+        }
+        EXPECT_EQ(nbTurned, determinant(axes) < 0.0 ? 1 : 0) << testing::PrintToString(values);
+    } while (std::next_permutation(values.begin(), values.end()));
+}
+
 TEST(EigenDecompositionAngles3, HaveNoPsiAtANegativeRightAngle)
 {
     // The largest value stands first, so v2 is the first axis and the sine of theta -1.
@@ -969,17 +1135,6 @@ TYPED_TEST(ClosedFormOf, MakesNaNOfTheEigenvaluesAndTheLastAngleWhereAnElementIs
             EXPECT_TRUE(std::isnan(angles.phi)) << position;
         }
     }
-}
-
-TEST(EigenDecomposition, AnInfinityGivesEigenvaluesThatAreNoNumbersAndAFullRank)
-{
-    Matrix A(3, 3, 1.0);
-    A(0, 1) = std::numeric_limits<double>::infinity();
-    Vector w(3);
-    Matrix V(3, 3);
-    EXPECT_EQ(eigenDecomposition(A, w, V), 3u);
-    for (std::size_t i = 0; i < 3; ++i)
-        EXPECT_TRUE(std::isnan(w(i)));
 }
 
 } // namespace math

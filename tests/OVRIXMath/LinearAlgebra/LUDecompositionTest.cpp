@@ -8,6 +8,7 @@
 #include <support/BoundedTime.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LapackFailure.h>
 #include <support/LogCapture.h>
 #include <support/Matrices.h>
 #include <support/NonFinite.h>
@@ -24,7 +25,7 @@ namespace
 {
 
 constexpr double g_nan = std::numeric_limits<double>::quiet_NaN();
-const std::string g_lapackText = "LaPack repport an error during execution";
+constexpr double g_infinity = std::numeric_limits<double>::infinity();
 
 double bound(std::size_t n)
 {
@@ -209,6 +210,14 @@ TEST(LuInverse, ReturnsFalseOnASingularMatrixAndLogsNothing)
     EXPECT_EQ(log.getTexts(), std::vector<std::string>());
 }
 
+TEST(LuInverse, LeavesTheFactorsWhenItReturnsFalse)
+{
+    // The rows are exchanged: ((1, 0), (0.5, 1)) times ((2, 4), (0, 0)).
+    Matrix A = singularMatrix();
+    EXPECT_FALSE(luInverse(A));
+    EXPECT_EQ(toStd(A), (std::vector<double>{2.0, 4.0, 0.5, 0.0}));
+}
+
 TEST(LuInverse, InvertsMatricesOfAllSizesInBothForms)
 {
     std::mt19937 gen(3);
@@ -366,6 +375,39 @@ TEST(LuNonFinite, EveryFunctionRaisesOnNaN)
         if (matrix.row >= matrix.column)
             expectMathRaises(g_lapackText, [&] { lowerTriangularInverse(A); });
     }
+}
+
+TEST(LuNonFinite, AnInfinityMayLeaveAFiniteSolution)
+{
+    Vector x(2);
+    EXPECT_TRUE(luSolve(makeMatrix({{g_infinity, 1.0}, {1.0, 2.0}}), makeVector({1.0, 1.0}), x));
+    EXPECT_EQ(toStd(x), (std::vector<double>{0.0, 0.5}));
+}
+
+TEST(LuNonFinite, AnInfinityMayGiveASolutionThatIsNoNumber)
+{
+    Vector x(2);
+    EXPECT_TRUE(luSolve(makeMatrix({{1.0, 2.0}, {3.0, g_infinity}}), makeVector({1.0, 1.0}), x));
+    EXPECT_TRUE(std::isnan(x(0)));
+}
+
+TEST(LuNonFinite, AnInfinityMayMakeTheMatrixSingular)
+{
+    const Matrix A = makeMatrix({{1.0, 0.0}, {g_infinity, 2.0}});
+    Vector x(2, 9.0);
+    EXPECT_FALSE(luSolve(A, makeVector({1.0, 1.0}), x));
+    Matrix Ainv(2, 2);
+    EXPECT_FALSE(luInverse(A, Ainv));
+}
+
+TEST(LuNonFinite, AnInfinityThatBecomesNaNWithinTheFactorsRaises)
+{
+    const Matrix A = makeMatrix({{1.0, g_infinity}, {0.0, 2.0}});
+    Vector x(2, 9.0);
+    expectMathRaises(g_lapackText, [&] { luSolve(A, makeVector({3.0, 4.0}), x); });
+    EXPECT_EQ(toStd(x), (std::vector<double>{3.0, 4.0}));
+    Matrix Ainv(2, 2);
+    expectMathRaises(g_lapackText, [&] { luInverse(A, Ainv); });
 }
 
 TEST(LuInverse, MayOverwriteItsInput)

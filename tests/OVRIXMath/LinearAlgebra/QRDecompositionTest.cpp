@@ -8,6 +8,7 @@
 #include <support/BoundedTime.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LapackFailure.h>
 #include <support/LogCapture.h>
 #include <support/Matrices.h>
 #include <support/NonFinite.h>
@@ -22,8 +23,6 @@ using namespace test;
 
 namespace
 {
-
-const std::string g_lapackText = "LaPack repport an error during execution";
 
 double bound(const Matrix& A)
 {
@@ -241,6 +240,72 @@ TEST(QrNonFinite, BothFunctionsRaiseOnNaN)
         if (A.size1() >= A.size2())
             expectMathRaises(g_lapackText, [&] { qrSolve(A, Vector(A.size1(), 1.0), x); });
     }
+}
+
+TEST(QrNonFinite, AnInfinityLeavesNothingThatCouldBeTakenForADecomposition)
+{
+    for (const NonFiniteMatrix& matrix : nonFiniteMatrices())
+    {
+        if (std::isnan(matrix.value()))
+            continue;
+        SCOPED_TRACE(matrix.name);
+        const Matrix& A = matrix.A;
+        const std::size_t k = std::min(A.size1(), A.size2());
+        Matrix Q(A.size1(), k), R(k, A.size2(), 9.0);
+        try
+        {
+            qrDecomposition(A, Q, R);
+        }
+        catch (const OVRIXMathException& exception)
+        {
+            EXPECT_STREQ(exception.what(), g_lapackText);
+        }
+        // R has been written in either case.
+        EXPECT_FALSE(std::isfinite(norm(R)));
+    }
+}
+
+TEST(QrNonFinite, AnInfinityGivesFalseOrASolutionOfNoNumbers)
+{
+    for (const NonFiniteMatrix& matrix : nonFiniteMatrices())
+    {
+        const Matrix& A = matrix.A;
+        if (std::isnan(matrix.value()) || A.size1() < A.size2())
+            continue;
+        SCOPED_TRACE(matrix.name);
+        Vector x(A.size2(), 9.0);
+        if (qrSolve(A, Vector(A.size1(), 1.0), x))
+        {
+            EXPECT_TRUE(std::all_of(x.begin(), x.end(), [](double value) { return std::isnan(value); }));
+        }
+        else
+        {
+            EXPECT_EQ(toStd(x), std::vector<double>(A.size2(), 9.0));
+        }
+    }
+}
+
+TEST(QrSolve, MaySolveIntoItsRightHandSide)
+{
+    Vector b = makeVector({2.0, 8.0});
+    EXPECT_TRUE(qrSolve(diagonal({2.0, 4.0}), b, b));
+    EXPECT_EQ(toStd(b), (std::vector<double>{1.0, 2.0}));
+}
+
+TEST(QrDecomposition, MayOverwriteItsInputByEitherFactor)
+{
+    std::mt19937 gen(3);
+    const Matrix A = randomMatrix(3, 3, gen);
+    Matrix Q(3, 3), R(3, 3);
+    qrDecomposition(A, Q, R);
+    Matrix replacedByQ = A, replacedByR = A;
+    Matrix otherQ(3, 3), otherR(3, 3);
+    qrDecomposition(replacedByQ, replacedByQ, otherR);
+    qrDecomposition(replacedByR, otherQ, replacedByR);
+    EXPECT_EQ(toStd(replacedByQ), toStd(Q));
+    EXPECT_EQ(toStd(otherR), toStd(R));
+    EXPECT_EQ(toStd(otherQ), toStd(Q));
+    EXPECT_EQ(toStd(replacedByR), toStd(R));
 }
 
 TEST(QrSolve, SolvesAMatrixOfZerosByZero)

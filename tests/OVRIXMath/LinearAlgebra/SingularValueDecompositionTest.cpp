@@ -11,6 +11,7 @@
 #include <support/BoundedTime.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/LapackFailure.h>
 #include <support/Matrices.h>
 #include <support/NonFinite.h>
 #include <vector>
@@ -27,7 +28,6 @@ namespace
 
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
 constexpr double g_nan = std::numeric_limits<double>::quiet_NaN();
-const std::string g_lapackText = "LaPack repport an error during execution";
 
 /// A matrix with its exact rank in the sense of the tolerance, and its singular values.
 struct Sample
@@ -563,6 +563,23 @@ TEST(SvdInverse, SatisfiesTheConditionsOfMooreAndPenrose)
             EXPECT_LE(norm(subtract(AinvA, identity(n))), bound(A));
         }
     }
+}
+
+TEST(SvdDecomposition, MayReplaceItsInputByEitherMatrix)
+{
+    std::mt19937 gen(11);
+    const Matrix A = randomMatrix(3, 3, gen);
+    Matrix U(3, 3), Vt(3, 3);
+    Vector s(3);
+    svdDecomposition(A, U, s, Vt);
+    Matrix replacedByU = A, replacedByVt = A;
+    Matrix otherU(3, 3), otherVt(3, 3);
+    svdDecomposition(replacedByU, replacedByU, s, otherVt);
+    svdDecomposition(replacedByVt, otherU, s, replacedByVt);
+    EXPECT_EQ(toStd(replacedByU), toStd(U));
+    EXPECT_EQ(toStd(otherVt), toStd(Vt));
+    EXPECT_EQ(toStd(otherU), toStd(U));
+    EXPECT_EQ(toStd(replacedByVt), toStd(Vt));
 }
 
 TEST(SvdInverse, MayReplaceItsInput)

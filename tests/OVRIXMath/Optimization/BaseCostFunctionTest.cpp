@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <cstddef>
 #include <limits>
+#include <support/AllocationCount.h>
 #include <support/Builders.h>
 #include <support/CostFunctions.h>
 #include <support/ExpectFailure.h>
@@ -35,6 +37,24 @@ BoolResult square(const Vector& params, Vector& equations)
 {
     equations[0] = params[0] * params[0];
     return true;
+}
+
+/// Forward differences of 1 + 2 p0 + 4 p1, three times, at zeros, where one of the three evaluations gives its output
+/// another size, and fails if that is not 3. All operations are exact.
+std::vector<double> differencesWithAnOutputOfAnotherSize(unsigned int evaluation, std::size_t size)
+{
+    const FreeCostFunction function(2, 3,
+                                    [=, nbEvaluations = 0u](const Vector& p, Vector& f) mutable
+                                    {
+                                        if (nbEvaluations++ == evaluation)
+                                            f.resize(size, false);
+                                        for (double& value : f)
+                                            value = 1.0 + 2.0 * p[0] + 4.0 * p[1];
+                                        return BoolResult(f.size() == 3, "Another size");
+                                    });
+    Matrix jacobian(2, 3, 9.0);
+    expectSuccess(function.computeJacobian(makeVector({0.0, 0.0}), jacobian));
+    return toStd(jacobian);
 }
 
 } // namespace
@@ -339,6 +359,60 @@ TEST(ForwardDifferences, AcceptEquationsThatTookOtherStorage)
     Matrix jacobian(2, 2);
     expectSuccess(function.computeJacobian(makeVector({0.0, 0.0}), jacobian));
     EXPECT_EQ(toStd(jacobian), (std::vector<double>{2.0, 0.0, 0.0, 2.0}));
+}
+
+TEST(ForwardDifferences, CountEquationsAsZerosThatAnEvaluationTakesAway)
+{
+    const double whole = 1.0 / g_step;
+    EXPECT_EQ(differencesWithAnOutputOfAnotherSize(0, 1),
+              (std::vector<double>{2.0, whole + 2.0, whole + 2.0, 4.0, whole + 4.0, whole + 4.0}));
+    EXPECT_EQ(differencesWithAnOutputOfAnotherSize(1, 1), (std::vector<double>{2.0, -whole, -whole, 4.0, 4.0, 4.0}));
+    EXPECT_EQ(differencesWithAnOutputOfAnotherSize(2, 1), (std::vector<double>{2.0, 2.0, 2.0, 4.0, -whole, -whole}));
+}
+
+TEST(ForwardDifferences, CountAllEquationsAsZerosThatAnEvaluationTakesAway)
+{
+    const double whole = 1.0 / g_step;
+    EXPECT_EQ(differencesWithAnOutputOfAnotherSize(0, 0),
+              (std::vector<double>{whole + 2.0, whole + 2.0, whole + 2.0, whole + 4.0, whole + 4.0, whole + 4.0}));
+    EXPECT_EQ(differencesWithAnOutputOfAnotherSize(1, 0), (std::vector<double>{-whole, -whole, -whole, 4.0, 4.0, 4.0}));
+    EXPECT_EQ(differencesWithAnOutputOfAnotherSize(2, 0), (std::vector<double>{2.0, 2.0, 2.0, -whole, -whole, -whole}));
+}
+
+TEST(ForwardDifferences, ReadNoMoreThanTheirEquationsFromALargerOutput)
+{
+    for (const unsigned int evaluation : {0u, 1u, 2u})
+    {
+        EXPECT_EQ(differencesWithAnOutputOfAnotherSize(evaluation, 500),
+                  (std::vector<double>{2.0, 2.0, 2.0, 4.0, 4.0, 4.0}));
+    }
+}
+
+TEST(ForwardDifferences, AllocateThreeVectorsHoweverManyTheParameters)
+{
+    class Sum : public BaseCostFunction
+    {
+    public:
+        explicit Sum(ovUInt32 nbParameters)
+        {
+            initBase(nbParameters, 5);
+        }
+
+    protected:
+        BoolResult processEquations(const Vector& params, Vector& equations) const override
+        {
+            for (double& equation : equations)
+                equation = params[0] + params[params.size() - 1];
+            return true;
+        }
+    };
+    for (const ovUInt32 nbParameters : {1u, 20u})
+    {
+        const Sum sum(nbParameters);
+        const Vector params(nbParameters, 1.0);
+        Matrix jacobian(nbParameters, 5);
+        EXPECT_EQ(test::countSteadyAllocations([&] { sum.computeJacobian(params, jacobian); }), 3u) << nbParameters;
+    }
 }
 
 TEST(ForwardDifferences, LeaveTheParametersAlone)

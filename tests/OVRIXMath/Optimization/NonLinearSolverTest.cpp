@@ -26,6 +26,7 @@ namespace
 using test::DecayCostFunction;
 using test::expectMathRaises;
 using test::FreeCostFunction;
+using test::makeScalarProblem;
 using test::makeVector;
 using test::toStd;
 using testing::ElementsAre;
@@ -40,24 +41,6 @@ const char* const g_tooManyCalls = "Number of calls to fcn has reached or exceed
 const char* const g_equationsFailed = "Function evaluation failed with following reason\n";
 const char* const g_jacobianFailed = "Jacobian evaluation failed with following reason\n";
 const char* const g_unexpectedInput = "Unexpected input parameters for minpack function wrapper";
-
-/// A function of one variable and its derivative, as a problem of one equation.
-template <class F, class D>
-FreeCostFunctionPtr makeScalarProblem(F f, D derivative)
-{
-    return boost::make_shared<FreeCostFunction>(
-        1, 1,
-        [f](const Vector& p, Vector& equations)
-        {
-            equations[0] = f(p[0]);
-            return BoolResult(true);
-        },
-        [derivative](const Vector& p, Matrix& jacobian)
-        {
-            jacobian(0, 0) = derivative(p[0]);
-            return BoolResult(true);
-        });
-}
 
 /// x^2 - 2
 FreeCostFunctionPtr makeSquareRootProblem()
@@ -389,18 +372,74 @@ TEST(NonLinearSolver, FailsOnAJacobianThatTakesOtherStorage)
     expectFailedSolve(g_unexpectedInput, pProblem, makeVector({3.0}));
 }
 
-TEST(NonLinearSolver, LetsAnExceptionOfTheCostFunctionThrough)
+TEST(NonLinearSolver, FailsOnAJacobianThatIsResizedToItsOwnSize)
 {
-    struct NoSuchModel
-    {
-        int value;
-    };
-    const auto pProblem =
-        boost::make_shared<FreeCostFunction>(1, 1, [](const Vector&, Vector&) -> BoolResult { throw NoSuchModel{42}; });
+    const auto pProblem = boost::make_shared<FreeCostFunction>(
+        1, 1,
+        [](const Vector& p, Vector& equations)
+        {
+            equations[0] = p[0];
+            return BoolResult(true);
+        },
+        [](const Vector&, Matrix& jacobian)
+        {
+            jacobian.resize(1, 1);
+            jacobian(0, 0) = 1.0;
+            return BoolResult(true);
+        });
+    expectFailedSolve(g_unexpectedInput, pProblem, makeVector({3.0}));
+}
+
+TEST(NonLinearSolver, FailsOnEquationsOfAnotherSizeAtTheSameAddress)
+{
+    // Memory for two elements comes from where that for three has just gone.
+    const auto pProblem = boost::make_shared<FreeCostFunction>(1, 3,
+                                                               [](const Vector&, Vector& equations)
+                                                               {
+                                                                   equations.resize(0);
+                                                                   equations.resize(2);
+                                                                   return BoolResult(true);
+                                                               });
+    expectFailedSolve(g_unexpectedInput, pProblem, makeVector({3.0}));
+    EXPECT_EQ(pProblem->getPoints().size(), 1u);
+}
+
+TEST(NonLinearSolver, FailsOnAJacobianWithRowsAndColumnsExchangedInTheSameStorage)
+{
+    const auto pProblem = boost::make_shared<FreeCostFunction>(
+        2, 3,
+        [](const Vector& p, Vector& equations)
+        {
+            equations[0] = p[0];
+            equations[1] = p[1];
+            equations[2] = 1.0;
+            return BoolResult(true);
+        },
+        [](const Vector&, Matrix& jacobian)
+        {
+            const double* const storage = jacobian.data().begin();
+            jacobian.resize(3, 2, false);
+            EXPECT_EQ(jacobian.data().begin(), storage);
+            return BoolResult(true);
+        });
+    expectFailedSolve(g_unexpectedInput, pProblem, makeVector({3.0, 4.0}));
+}
+
+namespace
+{
+
+struct NoSuchModel
+{
+    int value;
+};
+
+/// Expects that what an evaluation throws comes out of the solve as it is, and that the solver can be used again.
+void expectPassesOn(const CostFunctionConstPtr& pCostFunction)
+{
     NonLinearSolver solver;
     try
     {
-        solver.solve(pProblem, makeVector({3.0}));
+        solver.solve(pCostFunction, makeVector({3.0}));
         ADD_FAILURE() << "Nothing was thrown";
     }
     catch (const NoSuchModel& exception)
@@ -408,16 +447,41 @@ TEST(NonLinearSolver, LetsAnExceptionOfTheCostFunctionThrough)
         EXPECT_EQ(exception.value, 42);
     }
     expectNoResult(solver);
-}
-
-TEST(NonLinearSolver, CanBeUsedAgainAfterAnException)
-{
-    NonLinearSolver solver;
-    const auto pProblem = boost::make_shared<FreeCostFunction>(
-        3, 3, [](const Vector&, Vector&) -> BoolResult { throw std::runtime_error("No such model"); });
-    EXPECT_THROW(solver.solve(pProblem, makeVector({3.0, 3.0, 3.0})), std::runtime_error);
     EXPECT_EQ(solver.solve(makeLinearProblem(), makeVector({5.0, 5.0})).status, eOS_Converged);
     EXPECT_THAT(toStd(solver.getEstimParams()), ElementsAre(1.0, -2.0));
+}
+
+} // namespace
+
+TEST(NonLinearSolver, LetsAnExceptionOfTheEquationsThrough)
+{
+    expectPassesOn(boost::make_shared<FreeCostFunction>(
+        1, 1, [](const Vector&, Vector&) -> BoolResult { throw NoSuchModel{42}; }));
+}
+
+TEST(NonLinearSolver, LetsAnExceptionOfTheJacobianThrough)
+{
+    expectPassesOn(makeScalarProblem([](double x) { return x; }, [](double) -> double { throw NoSuchModel{42}; }));
+}
+
+TEST(NonLinearSolver, LetsAnExceptionAtALaterTrialPointThrough)
+{
+    int nbEquations = 0;
+    int nbJacobians = 0;
+    expectPassesOn(makeScalarProblem(
+        [&nbEquations](double x)
+        {
+            if (++nbEquations == 4)
+                throw NoSuchModel{42};
+            return x * x - 2.0;
+        },
+        [&nbJacobians](double x)
+        {
+            ++nbJacobians;
+            return 2.0 * x;
+        }));
+    EXPECT_EQ(nbEquations, 4);
+    EXPECT_GT(nbJacobians, 1);
 }
 
 TEST(NonLinearSolver, CanBeUsedAgainAfterAFailure)

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <set>
 #include <support/Builders.h>
+#include <support/DataSets.h>
 #include <support/ExpectFailure.h>
 #include <support/HeaderExample.h>
 #include <support/MockEstimators.h>
@@ -23,8 +24,8 @@ namespace
 using test::expectFailure;
 using test::expectMathRaises;
 using test::expectSuccess;
-using test::makeVector;
 using test::MockPartition;
+using test::numberedData;
 using testing::_;
 using testing::AnyNumber;
 using testing::InSequence;
@@ -36,15 +37,6 @@ using Indexes = std::set<ovUInt32>;
 
 const char* const g_notInitText = "Data partition has not been initialized";
 const char* const g_noSubSetText = "Failed to generate a sub set of data using data partition";
-
-/// Data (0), (1), ..., (nbData - 1).
-DataSet numberedData(ovUInt32 nbData)
-{
-    DataSet data;
-    for (ovUInt32 i = 0; i < nbData; ++i)
-        data.push_back(makeVector({static_cast<double>(i)}));
-    return data;
-}
 
 std::vector<double> valuesOf(const DataSet& dataSet)
 {

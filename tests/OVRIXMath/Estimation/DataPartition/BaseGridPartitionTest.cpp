@@ -10,9 +10,9 @@
 
 #include <cmath>
 #include <map>
-#include <numeric>
 #include <set>
 #include <support/Builders.h>
+#include <support/DataSets.h>
 #include <support/ExpectFailure.h>
 #include <support/GridCells.h>
 #include <support/RandomData.h>
@@ -29,8 +29,7 @@ using test::expectFailure;
 using test::expectMathRaises;
 using test::expectSuccess;
 using test::firstAxisCellsOf;
-using test::makeVector;
-using test::oneAxis;
+using test::numberedData;
 
 using Indexes = std::set<ovUInt32>;
 using Population = BaseGridPartition::BucketPopulation;
@@ -69,14 +68,6 @@ private:
     {
     }
 };
-
-/// Data (0), (1), ..., (nbData - 1).
-DataSet numberedData(ovUInt32 nbData)
-{
-    std::vector<double> values(nbData);
-    std::iota(values.begin(), values.end(), 0.0);
-    return oneAxis(values);
-}
 
 /// The indexes of a sub-set of such data.
 Indexes indexesOf(const DataSet& subSet)
