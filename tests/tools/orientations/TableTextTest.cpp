@@ -12,6 +12,7 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace ovrix
@@ -67,6 +68,14 @@ private:
 };
 
 std::atomic<int> InterruptingSignal::s_nbHandled{0};
+
+/// Whether a thread of this program waits in a call of the system.
+bool isWaiting(pid_t thread)
+{
+    const std::string status = readFile("/proc/self/task/" + std::to_string(thread) + "/stat");
+    const std::size_t endOfName = status.rfind(')');
+    return endOfName != std::string::npos && status.substr(endOfName, 3) == ") S";
+}
 
 void expectRefusal(const std::string& text, const std::string& reason)
 {
@@ -248,16 +257,25 @@ TEST(TableText, IsKeptFromOtherProgramsWhateverSignalsTheyGet)
 {
     const std::string path = OVRIX_TEST_OUTPUT_DIR "/tables_signalled.txt";
     const InterruptingSignal signal;
+    std::atomic<pid_t> otherId{0};
     std::atomic<bool> bOtherChanged{false};
     std::thread other;
     const auto signalOther = [&](Tables&)
     {
-        other = std::thread([&] { changeTables(path, [&](Tables&) { bOtherChanged = true; }); });
-        // The first ones can come before it waits.
-        while (signal.getNbHandled() < 500 && !bOtherChanged)
+        other = std::thread(
+            [&]
+            {
+                otherId = gettid();
+                changeTables(path, [&](Tables&) { bOtherChanged = true; });
+            });
+        for (int i = 0; i < 10; ++i)
         {
+            while (!isWaiting(otherId) && !bOtherChanged)
+                std::this_thread::yield();
+            const int nbHandled = signal.getNbHandled();
             signal.send(other);
-            std::this_thread::yield();
+            while (signal.getNbHandled() == nbHandled && !bOtherChanged)
+                std::this_thread::yield();
         }
         EXPECT_FALSE(bOtherChanged);
     };
