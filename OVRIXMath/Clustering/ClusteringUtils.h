@@ -75,8 +75,8 @@ OVRIXMATH_EXPORT ovUInt32 computeKMeansAttempt(const VectorColl& data, ovUInt32 
 ///
 /// Precondition for two or more clusters: the sum of the squared distances of all samples to any one of them is finite
 /// and above 0. Each further centre takes a number drawn from the interval [0, sum), which is empty for a sum of 0, as
-/// identical samples have it, and is none for an infinite sum or a NaN: the draw does not return then; it goes on for ever,
-/// or, for an infinite sum, until the stack is exhausted.
+/// identical samples have it, and is none for an infinite sum or a NaN: the draw does not return then; it goes on for
+/// ever, or, for an infinite sum, until the stack is exhausted.
 ///
 /// @param nbClusters at most the number of samples, else raises Clustering message 5; with 0 one sample is drawn all
 /// the same, if there is any

@@ -27,12 +27,12 @@ namespace clustering
 /// Each attempt starts from the samples that generateKMeansPPInit() draws and runs computeKMeansAttempt(). An attempt
 /// that did not settle before the last iteration counts as failed. Clusters are numbered by decreasing population.
 ///
-/// The result depends on nothing but the samples, the configuration and the state of `RandomUniformGenerator::getGen()`,
-/// which is drawn from and never seeded here.
+/// The result depends on nothing but the samples, the configuration and the state of
+/// `RandomUniformGenerator::getGen()`, which is drawn from and never seeded here.
 ///
 /// Precondition of `compute` with two or more clusters: the samples are finite, and the sum of the squared distances of
-/// all samples to any one of them is finite and above 0, so not all are equal. The seeding draws a number below such a sum
-/// and does not return for others, see generateKMeansPPInit().
+/// all samples to any one of them is finite and above 0, so not all are equal. The seeding draws a number below such a
+/// sum and does not return for others, see generateKMeansPPInit().
 ///
 /// One object must not be used on two threads during `compute`, nor may two objects compute at the same time without
 /// care for the generator, which all share.
@@ -50,7 +50,7 @@ public:
 
     /// Clusters the samples.
     ///
-    /// The object is not done after a failure or a raise, even if it was before.
+    /// The object is not done after a failure, a raise or any other exception, even if it was before.
     ///
     /// @param nbClusters in [1, number of samples], else raises Clustering message 11 for 0 and 5 above
     /// @param data samples of one size, not those of this object, which are cleared first; a copy is kept
@@ -113,8 +113,6 @@ public:
     /// @}
 
 private:
-    void sortClusters();
-
     KMeansClusteringConfig _config;
     VectorColl _inputDataColl;
     ovUInt32 _nbFailedAttempts;

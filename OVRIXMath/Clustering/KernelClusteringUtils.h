@@ -10,8 +10,9 @@
 /// The steps of k-means in the feature space of a kernel, see ClusteringUtils.h for those in the space of the samples.
 ///
 /// `KernelType` is LinearKernel, PolynomialKernel, RadialBasisKernel or SigmoidKernel. Distances are squared ones in
-/// feature space, `KernelKMeansCentroid::comparable_distance`, and are not clamped. A sample that has no finite distance
-/// to any centroid, such as one that holds a NaN, belongs to none and has the label `NumericLimits<ovUInt32>::s_max`.
+/// feature space, `KernelKMeansCentroid::comparable_distance`, and are not clamped. A sample that has no finite
+/// distance to any centroid, such as one that holds a NaN, belongs to none and has the label
+/// `NumericLimits<ovUInt32>::s_max`.
 
 namespace ovrix
 {
@@ -20,8 +21,8 @@ namespace math
 namespace clustering
 {
 
-/// The sum, over the samples, of the squared distance between the sample and the centroid of its label; 0 for no sample.
-/// Samples without a label add nothing.
+/// The sum, over the samples, of the squared distance between the sample and the centroid of its label; 0 for no
+/// sample. Samples without a label add nothing.
 template <class KernelType>
 OVRIXMATH_EXPORT ovReal64 computeKernelCompactness(const std::vector<KernelKMeansCentroid<KernelType>>& centroids,
                                                    const VectorColl& data, const UInt32Vector& assignments);
@@ -35,8 +36,8 @@ OVRIXMATH_EXPORT ovUInt32 computeKernelAssignment(const std::vector<KernelKMeans
 /// One attempt of kernel k-means from given centroids.
 ///
 /// An iteration gives each sample the label of its nearest centroid and, if a label changed, clears the centroids and
-/// feeds each sample to that of its label, in the order of the samples, which decides the dictionaries. The attempt ends
-/// with the iteration that changes no label, which counts; after one that changed no more than
+/// feeds each sample to that of its label, in the order of the samples, which decides the dictionaries. The attempt
+/// ends with the iteration that changes no label, which counts; after one that changed no more than
 /// `minChangeRatio * number of samples` labels, truncated; or after `nbMaxIteration` iterations.
 ///
 /// @param kernel that of the centroids
@@ -51,8 +52,8 @@ OVRIXMATH_EXPORT ovUInt32 computeKernelKMeansAttempt(const KernelType& kernel, c
                                                      std::vector<KernelKMeansCentroid<KernelType>>& centroids,
                                                      UInt32Vector& assignments);
 
-/// Draws samples as seeds from `RandomUniformGenerator::getGen()`: k-means++ (Arthur and Vassilvitskii, 2007) in feature
-/// space.
+/// Draws samples as seeds from `RandomUniformGenerator::getGen()`: k-means++ (Arthur and Vassilvitskii, 2007) in
+/// feature space.
 ///
 /// The first is drawn uniformly, each further one with a probability proportional to its least squared distance
 /// `k(x, x) + k(c, c) - 2 k(x, c)` to the seeds c drawn so far. That is not the weight of generateKMeansPPInit(), which

@@ -26,9 +26,9 @@ class KernelKMeansAttempt;
 
 /// The mean of samples in the feature space of a kernel.
 ///
-/// Such a mean cannot be written down. It is held as `sum_i w_i phi(d_i)`, a weighted sum over a small dictionary of the
-/// samples themselves. Each further sample is tested for approximate linear dependence on the dictionary (Engel, Mannor
-/// and Meir, "The Kernel Recursive Least-Squares Algorithm", 2004): a dependent one only shifts the weights, an
+/// Such a mean cannot be written down. It is held as `sum_i w_i phi(d_i)`, a weighted sum over a small dictionary of
+/// the samples themselves. Each further sample is tested for approximate linear dependence on the dictionary (Engel,
+/// Mannor and Meir, "The Kernel Recursive Least-Squares Algorithm", 2004): a dependent one only shifts the weights, an
 /// independent one joins, and takes the place of the weakest member when the dictionary is full.
 ///
 /// ```cpp
@@ -39,10 +39,13 @@ class KernelKMeansAttempt;
 /// ```
 ///
 /// All samples have the same size. A sample costs time quadratic in the size of the dictionary, one that replaces a
-/// member cubic. Nothing is allocated while the dictionary does not grow, nor by clearing and filling a centroid again and
-/// again.
+/// member cubic. Nothing is allocated while the dictionary does not grow, nor by clearing and filling a centroid again
+/// and again.
 ///
-/// Copies are deep. `distance`, `comparable_distance` and `getClusterTerm` fill a cache although they are `const`:
+/// Copies are deep. An assignment that fails for want of memory leaves a centroid that can only be cleared, assigned to
+/// or destroyed; all other functions that fail change nothing.
+///
+/// `distance`, `comparable_distance` and `getClusterTerm` fill a cache although they are `const`:
 /// threads may share a centroid only after one of them was called.
 ///
 /// @tparam KernelType LinearKernel, PolynomialKernel, RadialBasisKernel or SigmoidKernel

@@ -18,9 +18,9 @@ namespace clustering
 /// Spectral clustering (Ng, Jordan and Weiss, "On Spectral Clustering", 2001), with kernel k-means as its last step.
 ///
 /// `compute` embeds the samples: with W the matrix of the kernel values between them, self values included, and D the
-/// diagonal matrix of the row sums of W, the leading eigenvectors of `D^-1/2 W D^-1/2` are the columns of a matrix whose
-/// rows, scaled to unit length, stand for the samples. A KernelKMeansClustering with the same kernel clusters these rows.
-/// It tells the results; its samples are the rows.
+/// diagonal matrix of the row sums of W, the leading eigenvectors of `D^-1/2 W D^-1/2` are the columns of a matrix
+/// whose rows, scaled to unit length, stand for the samples. A KernelKMeansClustering with the same kernel clusters
+/// these rows. It tells the results; its samples are the rows.
 ///
 /// ```cpp
 /// SpectralClustering<RadialBasisKernel> clustering(RadialBasisKernel::createKernel(0.2));
@@ -37,9 +37,9 @@ namespace clustering
 /// least as many of them different as there are clusters. Samples that all are equal are not, for example. The seeding
 /// does not return otherwise.
 ///
-/// Copies are deep. One object must not be used on two threads during `compute`, nor may two objects compute at the same
-/// time without care for the generator, which all share. `computeAssignment` fills a cache of the centroids: threads may
-/// share it after a first call.
+/// Copies are deep. One object must not be used on two threads during `compute`, nor may two objects compute at the
+/// same time without care for the generator, which all share. `computeAssignment` fills a cache of the centroids:
+/// threads may share it after a first call.
 ///
 /// @tparam KernelType LinearKernel, PolynomialKernel, RadialBasisKernel or SigmoidKernel
 template <class KernelType>
@@ -50,6 +50,8 @@ public:
     explicit SpectralClustering(const KernelType& kernel);
 
     SpectralClustering(const SpectralClustering& other);
+
+    /// All or nothing: an exception leaves the object as it was.
     SpectralClustering& operator=(const SpectralClustering& other);
 
     const KernelType& getKernel() const; ///< the kernel that samples are compared by
@@ -65,20 +67,20 @@ public:
 
     /// Clusters the samples.
     ///
-    /// The object is not done after a failure or a raise, even if it was before.
+    /// The object is not done after a failure, a raise or any other exception, even if it was before.
     ///
     /// @param nbClusters in [1, number of samples], else raises Clustering message 11 for 0 and 5 above
     /// @param data samples of one size, not those of this object, which are cleared first; a copy is kept
     /// @return as `KernelKMeansClustering::compute` for the rows
-    /// @throws OVRIXMathException LinearAlgebra message 11 if the eigenvalues cannot be found, as when the kernel values
-    /// are not finite
+    /// @throws OVRIXMathException LinearAlgebra message 11 if the eigenvalues cannot be found, as when the kernel
+    /// values are not finite
     bool compute(ovUInt32 nbClusters, const VectorColl& data);
 
     /// Whether the last `compute` succeeded.
     bool isClusteringDone() const;
 
-    /// Empties samples, rows, centroids and labels; eigenvalues and eigenvectors become zeros of the same sizes, and the
-    /// numbers keep their values.
+    /// Empties samples, rows, centroids and labels; eigenvalues and eigenvectors become zeros of the same sizes, and
+    /// the numbers keep their values.
     void clear();
 
     /// @name Results
@@ -86,9 +88,9 @@ public:
     /// @{
 
     /// The label of a further sample: of the centroid nearest to `y` with `y_j = l_j sum_i v_i V_ij`, where V holds the
-    /// eigenvectors, l the eigenvalues, and `v_i = k(x_i, x)`, divided by their sum unless it is 0. `y` is not scaled to
-    /// unit length, unlike the rows, and so lies near the origin: with a kernel that is narrow beside the unit length the
-    /// label tells little.
+    /// eigenvectors, l the eigenvalues, and `v_i = k(x_i, x)`, divided by their sum unless it is 0. `y` is not scaled
+    /// to unit length, unlike the rows, and so lies near the origin: with a kernel that is narrow beside the unit
+    /// length the label tells little.
     ovUInt32 computeAssignment(const Vector& x) const;
 
     /// Number of clusters.
