@@ -1,6 +1,7 @@
 #include <OVRIXMath/Clustering/ClusteringUtils.h>
 #include <OVRIXMath/Clustering/KMeansAttempt.h>
 #include <OVRIXMath/Clustering/KMeansSeeding.h>
+#include <OVRIXMath/Clustering/NearestLabel.h>
 #include <OVRIXMath/Clustering/SampleTable.h>
 
 #include <algorithm>
@@ -28,18 +29,7 @@ ovReal64 computeCompactness(const VectorColl& centers, const VectorColl& data, c
 
 ovUInt32 computeAssignment(const VectorColl& centers, const Vector& x)
 {
-    ovUInt32 label = NumericLimits<ovUInt32>::s_max;
-    double best = NumericLimits<double>::s_max;
-    for (std::size_t k = 0; k < centers.size(); ++k)
-    {
-        const double distance = squaredDistance(centers[k], x);
-        if (distance < best)
-        {
-            best = distance;
-            label = static_cast<ovUInt32>(k);
-        }
-    }
-    return label;
+    return details::findNearestLabel(centers.size(), [&](std::size_t k) { return squaredDistance(centers[k], x); });
 }
 
 ovUInt32 computeClusterPopulation(ovUInt32 clusterIdx, const UInt32Vector& assignments)

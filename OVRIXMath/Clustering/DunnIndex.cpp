@@ -63,7 +63,7 @@ struct Extremes
     double minInter[g_blockSize];
     double maxIntra[g_blockSize];
 
-    void add(double distance, bool bIntra)
+    void include(double distance, bool bIntra)
     {
         if (bIntra)
             maxIntra[0] = std::max(maxIntra[0], distance);
@@ -72,8 +72,8 @@ struct Extremes
     }
 };
 
-/// Adds the pairs of a block of samples with other ones. A distance that is no number changes nothing.
-struct AddPairs
+/// Includes the pairs of a block of samples with other ones. A distance that is no number changes nothing.
+struct IncludePairs
 {
     template <int Lanes>
     [[gnu::always_inline]] static inline void run(const double* distances, const std::int64_t* blockLabels,
@@ -118,15 +118,16 @@ struct AddPairs
     }
 };
 
-/// Adds the pairs of the samples from `begin` on, as many as a block holds, with each other and with all before them.
-void addPairsOfBlock(const VectorColl& data, const UInt32Vector& assignments, std::size_t begin, Extremes& extremes)
+/// Includes the pairs of the samples from `begin` on, as many as a block holds, with each other and with all before
+/// them.
+void includePairsOfBlock(const VectorColl& data, const UInt32Vector& assignments, std::size_t begin, Extremes& extremes)
 {
     const std::size_t dimension = data.front().size();
     const std::size_t nbSamples = std::min(g_blockSize, data.size() - begin);
     for (std::size_t i = begin; i < begin + nbSamples; ++i)
     {
         for (std::size_t j = i + 1; j < begin + nbSamples; ++j)
-            extremes.add(squaredDistance(data[i], data[j]), assignments[i] == assignments[j]);
+            extremes.include(squaredDistance(data[i], data[j]), assignments[i] == assignments[j]);
     }
 
     // A place that repeats the last sample repeats its pairs, which changes no extreme.
@@ -151,8 +152,8 @@ void addPairsOfBlock(const VectorColl& data, const UInt32Vector& assignments, st
                                     static_cast<double*>(distances));
             coordinate = end;
         } while (coordinate < dimension);
-        runKernel<AddPairs>(static_cast<const double*>(distances), static_cast<const std::int64_t*>(labels),
-                            assignments.data() + first, nbOthers, &extremes);
+        runKernel<IncludePairs>(static_cast<const double*>(distances), static_cast<const std::int64_t*>(labels),
+                                assignments.data() + first, nbOthers, &extremes);
     }
 }
 
@@ -164,7 +165,7 @@ double computeDunnIndex(const VectorColl& data, const UInt32Vector& assignments)
     std::fill_n(extremes.minInter, g_blockSize, NumericLimits<double>::s_max);
     std::fill_n(extremes.maxIntra, g_blockSize, NumericLimits<double>::s_min);
     for (std::size_t begin = 0; begin < data.size(); begin += g_blockSize)
-        addPairsOfBlock(data, assignments, begin, extremes);
+        includePairsOfBlock(data, assignments, begin, extremes);
     const double minInter = *std::min_element(extremes.minInter, extremes.minInter + g_blockSize);
     const double maxIntra = *std::max_element(extremes.maxIntra, extremes.maxIntra + g_blockSize);
     return maxIntra != 0.0 ? std::sqrt(minInter / maxIntra) : 0.0;

@@ -38,19 +38,24 @@ public:
         return _stride;
     }
 
+    /// Takes the memory for a size, and for half as much again, so that it need not be taken each time.
+    void reserve(std::size_t size)
+    {
+        if (size <= _stride)
+            return;
+        GrowableMatrix larger;
+        larger._stride = std::max(size, _stride + _stride / 2);
+        larger._elements.resize(larger._stride * larger._stride);
+        for (std::size_t r = 0; r < _size; ++r)
+            std::copy_n(row(r), _size, larger.row(r));
+        _elements.swap(larger._elements);
+        _stride = larger._stride;
+    }
+
     /// Keeps the elements of the upper left that the two sizes share; new ones are undefined.
     void setSize(std::size_t size)
     {
-        if (size > _stride)
-        {
-            GrowableMatrix larger;
-            larger._stride = std::max(size, _stride + _stride / 2);
-            larger._elements.resize(larger._stride * larger._stride);
-            for (std::size_t r = 0; r < _size; ++r)
-                std::copy_n(row(r), _size, larger.row(r));
-            _elements.swap(larger._elements);
-            _stride = larger._stride;
-        }
+        reserve(size);
         _size = size;
     }
 

@@ -203,10 +203,10 @@ void KMeansAttempt::listUnsure()
         _upper[i] = DistanceBounds::addUpper(_upper[i], _moves[label]);
         _lower[i] = DistanceBounds::subtractUpper(_lower[i], _othersMoves[label]);
         const double clear = std::max(_lower[i], _halfGaps[label]);
-        if (_bounds.getLimit(_upper[i]) < clear)
+        if (_bounds.getClearBound(_upper[i]) < clear)
             continue;
         _upper[i] = _bounds.getUpper(squaredDistance(_samples[i], _centers.data() + label * dimension, dimension));
-        if (!(_bounds.getLimit(_upper[i]) < clear))
+        if (!(_bounds.getClearBound(_upper[i]) < clear))
             _unsure.push_back(static_cast<ovUInt32>(i));
     }
 }
@@ -231,7 +231,8 @@ void KMeansAttempt::sortUnsureByLabel()
 ///
 /// Let a be the largest upper bound of the samples, widened for rounding, and g a lower bound of the gap between their
 /// own centre and the one next to it. Their own is within a of each sample. A centre whose distance from it exceeds
-/// 2 a + g is further than a + g from all samples, so that it is not theirs; how far it is at least, the result tells.
+/// 2 a + g is further than a + g from all of the samples, so that it is not theirs; how far it is at least, the result
+/// tells.
 ///
 /// @param[out] nbNear number of centres in `_nearCenters`
 /// @return lower bound of the distances between their own centre and those left out, s_max without any
@@ -241,7 +242,7 @@ double KMeansAttempt::listNearCenters(const ovUInt32* samples, std::size_t nbSam
     double largest = 0.0;
     for (std::size_t s = 0; s < nbSamples; ++s)
         largest = std::max(largest, _upper[samples[s]]);
-    const double radius = DistanceBounds::addUpper(2.0 * _bounds.getLimit(largest), 2.0 * _halfGaps[label]);
+    const double radius = DistanceBounds::addUpper(2.0 * _bounds.getClearBound(largest), 2.0 * _halfGaps[label]);
     const double* const distances = _centerDistances.data() + label * _nbClusters;
     double leastFar = g_max;
     nbNear = 0;

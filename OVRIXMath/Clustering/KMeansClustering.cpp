@@ -42,6 +42,8 @@ bool KMeansClustering::compute(ovUInt32 nbClusters, const VectorColl& data)
     UInt32Vector seeds;
     VectorColl centers;
     UInt32Vector assignments;
+    VectorColl bestCenters;
+    UInt32Vector bestAssignments;
     for (ovUInt32 i = 0; i < _config.getNbAttempts(); ++i)
     {
         seeding.draw(nbClusters, seeds);
@@ -59,13 +61,17 @@ bool KMeansClustering::compute(ovUInt32 nbClusters, const VectorColl& data)
         {
             _compactness = compactness;
             _nbIteration = nbIteration;
-            _clustersCenters = centers;
-            _assignments = assignments;
+            bestCenters = centers;
+            bestAssignments = assignments;
         }
     }
-    if (_clustersCenters.empty())
+    if (bestCenters.empty())
         return false;
-    sortClusters();
+    const UInt32Vector formerLabels = details::numberByPopulation(nbClusters, bestAssignments);
+    for (ovUInt32 label = 0; label < nbClusters; ++label)
+        centers[label].swap(bestCenters[formerLabels[label]]);
+    _clustersCenters.swap(centers);
+    _assignments.swap(bestAssignments);
     return true;
 }
 
@@ -161,17 +167,6 @@ const Vector& KMeansClustering::getClusterCenter(ovUInt32 clusterIdx) const
 ovReal64 KMeansClustering::getClusterStdDev(ovUInt32 clusterIdx) const
 {
     return computeClusterStdDev(clusterIdx, _inputDataColl, _assignments, getClusterCenter(clusterIdx));
-}
-
-/// Numbers the clusters by decreasing population, the higher former label first among equal ones.
-void KMeansClustering::sortClusters()
-{
-    const UInt32Vector formerLabels =
-        details::numberByPopulation(static_cast<ovUInt32>(_clustersCenters.size()), _assignments);
-    VectorColl centers(formerLabels.size());
-    for (std::size_t label = 0; label < centers.size(); ++label)
-        centers[label].swap(_clustersCenters[formerLabels[label]]);
-    _clustersCenters.swap(centers);
 }
 
 std::ostream& operator<<(std::ostream& stream, const KMeansClustering& clustering)

@@ -50,7 +50,7 @@ public:
 
     /// Clusters the samples.
     ///
-    /// The object is not done after a failure or a raise, even if it was before.
+    /// The object is not done after a failure, a raise or any other exception, even if it was before.
     ///
     /// @param nbClusters in [1, number of samples], else raises Clustering message 11 for 0 and 5 above
     /// @param data samples of one size, not those of this object, which are cleared first; a copy is kept
@@ -113,8 +113,6 @@ public:
     /// @}
 
 private:
-    void sortClusters();
-
     KMeansClusteringConfig _config;
     VectorColl _inputDataColl;
     ovUInt32 _nbFailedAttempts;

@@ -1,6 +1,7 @@
 #include <OVRIXMath/Clustering/ClusteringLogMessages.h>
 #include <OVRIXMath/Clustering/KernelClusteringUtils.h>
 #include <OVRIXMath/Clustering/KernelKMeansAttempt.h>
+#include <OVRIXMath/Clustering/NearestLabel.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 
 #include <cstddef>
@@ -28,18 +29,8 @@ ovReal64 computeKernelCompactness(const std::vector<KernelKMeansCentroid<KernelT
 template <class KernelType>
 ovUInt32 computeKernelAssignment(const std::vector<KernelKMeansCentroid<KernelType>>& centroids, const Vector& x)
 {
-    ovUInt32 label = NumericLimits<ovUInt32>::s_max;
-    double best = NumericLimits<double>::s_max;
-    for (std::size_t k = 0; k < centroids.size(); ++k)
-    {
-        const double distance = centroids[k].comparable_distance(x);
-        if (distance < best)
-        {
-            best = distance;
-            label = static_cast<ovUInt32>(k);
-        }
-    }
-    return label;
+    return details::findNearestLabel(centroids.size(),
+                                     [&](std::size_t k) { return centroids[k].comparable_distance(x); });
 }
 
 template <class KernelType>
@@ -47,7 +38,7 @@ ovUInt32 computeKernelKMeansAttempt(const KernelType& kernel, const VectorColl& 
                                     ovReal64 minChangeRatio, std::vector<KernelKMeansCentroid<KernelType>>& centroids,
                                     UInt32Vector& assignments)
 {
-    details::KernelSamples<KernelType> samples(kernel, data, details::g_nbKeptKernelValues);
+    details::KernelSamples<KernelType> samples(kernel, data, details::g_nbCachedKernelValues);
     details::KernelKMeansAttempt<KernelType> attempt(samples);
     attempt.start(centroids);
     const ovUInt32 nbIteration = attempt.run(nbMaxIteration, minChangeRatio, assignments);

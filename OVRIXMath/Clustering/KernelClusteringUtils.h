@@ -10,8 +10,9 @@
 /// The steps of k-means in the feature space of a kernel, see ClusteringUtils.h for those in the space of the samples.
 ///
 /// `KernelType` is LinearKernel, PolynomialKernel, RadialBasisKernel or SigmoidKernel. Distances are squared ones in
-/// feature space, `KernelKMeansCentroid::comparable_distance`, and are not clamped. A sample without a finite distance
-/// to any centroid, such as one that holds a NaN, belongs to none and has the label `NumericLimits<ovUInt32>::s_max`.
+/// feature space, `KernelKMeansCentroid::comparable_distance`, and are not clamped. A sample that has no finite
+/// distance to any centroid, such as one that holds a NaN, belongs to none and has the label
+/// `NumericLimits<ovUInt32>::s_max`.
 
 namespace ovrix
 {

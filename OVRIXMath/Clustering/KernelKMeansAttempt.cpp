@@ -1,4 +1,5 @@
 #include <OVRIXMath/Clustering/KernelKMeansAttempt.h>
+#include <OVRIXMath/Clustering/NearestLabel.h>
 #include <OVRIXMath/Clustering/RowSums.h>
 #include <OVRIXMath/Tools/RoundingRules.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
@@ -17,14 +18,6 @@ namespace clustering
 namespace details
 {
 
-namespace
-{
-
-/// Samples that are handled together, so that their sums stay in the first cache.
-constexpr std::size_t g_tileSize = 512;
-
-} // namespace
-
 template <class KernelType>
 void drawKernelSeeds(KernelSamples<KernelType>& samples, ovUInt32 nbClusters, UInt32Vector& seeds)
 {
@@ -34,16 +27,16 @@ void drawKernelSeeds(KernelSamples<KernelType>& samples, ovUInt32 nbClusters, UI
     seeds.assign(1, boost::random::uniform_int_distribution<ovUInt32>(0, last)(generator));
     std::vector<double> leastDistances(nbData, NumericLimits<double>::s_max);
     std::vector<double> cumulated(nbData);
-    std::vector<double> unkeptRow;
+    std::vector<double> uncachedRow;
     while (seeds.size() < nbClusters)
     {
         const ovUInt32 seed = seeds.back();
-        const double* row = samples.keepRow(seed);
+        const double* row = samples.cacheRow(seed);
         if (row == nullptr)
         {
-            unkeptRow.resize(nbData);
-            samples.computeRow(samples.getData()[seed], 0, nbData, unkeptRow.data());
-            row = unkeptRow.data();
+            uncachedRow.resize(nbData);
+            samples.computeRow(samples.getData()[seed], 0, nbData, uncachedRow.data());
+            row = uncachedRow.data();
         }
         const double seedSelfValue = samples.getSelfValue(seed);
         double total = 0.0;
@@ -65,7 +58,7 @@ void drawKernelSeeds(KernelSamples<KernelType>& samples, ovUInt32 nbClusters, UI
 
 template <class KernelType>
 KernelKMeansAttempt<KernelType>::KernelKMeansAttempt(KernelSamples<KernelType>& samples)
-    : _samples(samples), _rowParts(g_nbRowsOfAPass * g_tileSize)
+    : _samples(samples), _rowParts(g_nbRowsOfAPass * g_nbSumsAtOnce)
 {
 }
 
@@ -165,7 +158,8 @@ void KernelKMeansAttempt<KernelType>::addSample(Cluster& cluster, ovUInt32 sampl
         const double* const row = cluster.rows[i];
         kernelValues[i] = row != nullptr ? row[sample] : _samples.getValue(cluster.members[i], sample);
     }
-    const SparseKernelMean::Addition addition = cluster.mean.addSample(_samples.getSelfValue(sample));
+    const SparseKernelMean::Addition addition =
+        cluster.mean.addSample(cluster.mean.projectSample(_samples.getSelfValue(sample)));
     if (addition.removed != addition.g_none)
     {
         const auto place = static_cast<std::ptrdiff_t>(addition.removed);
@@ -175,7 +169,7 @@ void KernelKMeansAttempt<KernelType>::addSample(Cluster& cluster, ovUInt32 sampl
     if (addition.bJoined)
     {
         cluster.members.push_back(sample);
-        cluster.rows.push_back(_samples.keepRow(sample));
+        cluster.rows.push_back(_samples.cacheRow(sample));
     }
 }
 
@@ -190,17 +184,8 @@ ovUInt32 KernelKMeansAttempt<KernelType>::assignSamples(UInt32Vector& assignment
     ovUInt32 nbChanges = 0;
     for (std::size_t i = 0; i < nbSamples; ++i)
     {
-        ovUInt32 nearest = NumericLimits<ovUInt32>::s_max;
-        double best = NumericLimits<double>::s_max;
-        for (std::size_t label = 0; label < _clusters.size(); ++label)
-        {
-            const double distance = _distances[label * nbSamples + i];
-            if (distance < best)
-            {
-                best = distance;
-                nearest = static_cast<ovUInt32>(label);
-            }
-        }
+        const ovUInt32 nearest =
+            findNearestLabel(_clusters.size(), [&](std::size_t label) { return _distances[label * nbSamples + i]; });
         const ovUInt32 former = assignments[i];
         if (nearest == former)
             continue;
@@ -226,7 +211,7 @@ void KernelKMeansAttempt<KernelType>::updateDistances()
             continue;
         cluster.bMeanChanged = false;
         for (std::size_t i = 0; i < cluster.members.size(); ++i)
-            cluster.rows[i] = _samples.keepRow(cluster.members[i]);
+            cluster.rows[i] = _samples.cacheRow(cluster.members[i]);
         computeDistances(cluster.mean, _distances.data() + label * _samples.size(),
                          [&](std::size_t i, std::size_t begin, std::size_t end, double* rowPart)
                          {
@@ -238,11 +223,11 @@ void KernelKMeansAttempt<KernelType>::updateDistances()
     }
 }
 
-/// Forgets rows outside of the dictionaries if there is no room for further ones.
+/// Evicts rows outside of the dictionaries if there is no room for further ones.
 template <class KernelType>
 void KernelKMeansAttempt<KernelType>::makeRoomForRows()
 {
-    if (!_samples.isFull())
+    if (!_samples.isCacheFull())
         return;
     _bWanted.assign(_samples.size(), false);
     for (const Cluster& cluster : _clusters)
@@ -250,7 +235,7 @@ void KernelKMeansAttempt<KernelType>::makeRoomForRows()
         for (const ovUInt32 member : cluster.members)
             _bWanted[member] = true;
     }
-    _samples.keepOnly(_bWanted);
+    _samples.evictAllBut(_bWanted);
 }
 
 /// The squared distances of all samples to a mean.
@@ -263,16 +248,16 @@ void KernelKMeansAttempt<KernelType>::computeDistances(const SparseKernelMean& m
 {
     const std::vector<double>& weights = mean.getWeights();
     const double clusterTerm = mean.getClusterTerm();
-    for (std::size_t begin = 0; begin < _samples.size(); begin += g_tileSize)
+    for (std::size_t begin = 0; begin < _samples.size(); begin += g_nbSumsAtOnce)
     {
-        const std::size_t end = std::min(begin + g_tileSize, _samples.size());
+        const std::size_t end = std::min(begin + g_nbSumsAtOnce, _samples.size());
         std::fill(distances + begin, distances + end, 0.0);
         for (std::size_t first = 0; first < weights.size(); first += g_nbRowsOfAPass)
         {
             const std::size_t nbRows = std::min(g_nbRowsOfAPass, weights.size() - first);
             const double* rows[g_nbRowsOfAPass];
             for (std::size_t i = 0; i < nbRows; ++i)
-                rows[i] = rowOf(first + i, begin, end, _rowParts.data() + i * g_tileSize);
+                rows[i] = rowOf(first + i, begin, end, _rowParts.data() + i * g_nbSumsAtOnce);
             addRows<Product, const double* const*>(distances + begin, end - begin, weights.data() + first, nbRows,
                                                    rows);
         }

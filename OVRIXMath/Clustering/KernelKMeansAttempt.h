@@ -17,8 +17,8 @@ namespace clustering
 namespace details
 {
 
-/// Kernel values that the attempts on a collection of samples keep: 128 MB, enough for all pairs of 4096 samples.
-constexpr std::size_t g_nbKeptKernelValues = std::size_t(1) << 24;
+/// Kernel values that the attempts on a collection of samples cache: 128 MB, enough for all pairs of 4096 samples.
+constexpr std::size_t g_nbCachedKernelValues = std::size_t(1) << 24;
 
 /// Draws samples as seeds, see generateKernelKMeansPPInit().
 ///
@@ -58,7 +58,7 @@ public:
     void copyCentroids(std::vector<KernelKMeansCentroid<KernelType>>& centroids) const;
 
 private:
-    /// A mean, with the places of its dictionary and their rows of kernel values, null where they are not kept.
+    /// A mean, with the places of its dictionary and their rows of kernel values, null where they are not cached.
     struct Cluster
     {
         SparseKernelMean mean;
@@ -81,7 +81,7 @@ private:
     std::vector<Cluster> _clusters;
     std::vector<double> _distances; ///< of all samples, cluster after cluster
     std::vector<double> _rowParts;
-    std::vector<bool> _bWanted; ///< by sample: whether its row is to be kept
+    std::vector<bool> _bWanted; ///< by sample: whether its row is to stay in the cache
     bool _bHasCentroids = false;
 };
 

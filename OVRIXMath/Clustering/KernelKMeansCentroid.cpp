@@ -15,6 +15,13 @@ namespace clustering
 namespace
 {
 
+/// Takes the memory for one vector more, and for as many again, so that it need not be taken each time.
+void reserveOneMore(VectorColl& vectors)
+{
+    if (vectors.size() == vectors.capacity())
+        vectors.reserve(2 * vectors.size() + 1);
+}
+
 /// Moves the last vector of a collection to the end of another.
 void moveLast(VectorColl& source, VectorColl& target)
 {
@@ -113,16 +120,22 @@ void KernelKMeansCentroid<KernelType>::addSample(const Vector& x)
     double* const kernelValues = _mean.prepareKernelValues();
     for (std::size_t i = 0; i < _dictionary.size(); ++i)
         kernelValues[i] = _kernel(_dictionary[i], x);
-    const details::SparseKernelMean::Addition addition = _mean.addSample(_kernel(x));
-    if (!addition.bJoined)
+    const details::SparseKernelMean::Projection projection = _mean.projectSample(_kernel(x));
+    if (!projection.bJoins)
+    {
+        _mean.addSample(projection);
         return;
-    // The sample is copied before anything moves: it may be a member itself.
+    }
+    // All memory is taken before anything changes, and the sample is copied before anything moves: it may be a member.
     if (_spareSamples.empty())
         _spareSamples.emplace_back();
+    _spareSamples.back().data() = x.data();
+    reserveOneMore(_dictionary);
+
+    const details::SparseKernelMean::Addition addition = _mean.addSample(projection);
     Vector joining;
     joining.swap(_spareSamples.back());
     _spareSamples.pop_back();
-    joining.data() = x.data();
     if (addition.removed != addition.g_none)
     {
         for (std::size_t i = addition.removed; i + 1 < _dictionary.size(); ++i)

@@ -42,7 +42,10 @@ class KernelKMeansAttempt;
 /// member cubic. Nothing is allocated while the dictionary does not grow, nor by clearing and filling a centroid again
 /// and again.
 ///
-/// Copies are deep. `distance`, `comparable_distance` and `getClusterTerm` fill a cache although they are `const`:
+/// Copies are deep. An assignment that fails for want of memory leaves a centroid that can only be cleared, assigned to
+/// or destroyed; all other functions that fail change nothing.
+///
+/// `distance`, `comparable_distance` and `getClusterTerm` fill a cache although they are `const`:
 /// threads may share a centroid only after one of them was called.
 ///
 /// @tparam KernelType LinearKernel, PolynomialKernel, RadialBasisKernel or SigmoidKernel

@@ -49,10 +49,12 @@ bool KernelKMeansClustering<KernelType>::compute(ovUInt32 nbClusters, const Vect
     _nbFailedAttempts = 0;
     _separation = NumericLimits<ovReal64>::s_min;
 
-    details::KernelSamples<KernelType> samples(_kernel, _inputDataColl, details::g_nbKeptKernelValues);
+    details::KernelSamples<KernelType> samples(_kernel, _inputDataColl, details::g_nbCachedKernelValues);
     details::KernelKMeansAttempt<KernelType> attempt(samples);
     UInt32Vector seeds;
     UInt32Vector assignments;
+    std::vector<KernelKMeansCentroid<KernelType>> bestCentroids;
+    UInt32Vector bestAssignments;
     for (ovUInt32 i = 0; i < _config.getNbAttempts(); ++i)
     {
         details::drawKernelSeeds(samples, nbClusters, seeds);
@@ -64,21 +66,27 @@ bool KernelKMeansClustering<KernelType>::compute(ovUInt32 nbClusters, const Vect
             continue;
         }
         // The same partition has the same index, which is not above the one that stands.
-        if (details::isSamePartition(nbClusters, assignments, _assignments))
+        if (details::isSamePartition(nbClusters, assignments, bestAssignments))
             continue;
         const ovReal64 separation = computeValidityIndex(VectorColl(), _inputDataColl, assignments, eVIT_Dunn);
         if (separation > _separation)
         {
             _separation = separation;
             _nbIteration = nbIteration;
-            _clustersCentroids.resize(nbClusters, KernelKMeansCentroid<KernelType>(_kernel));
-            attempt.copyCentroids(_clustersCentroids);
-            _assignments = assignments;
+            bestCentroids.resize(nbClusters, KernelKMeansCentroid<KernelType>(_kernel));
+            attempt.copyCentroids(bestCentroids);
+            bestAssignments = assignments;
         }
     }
-    if (_clustersCentroids.empty())
+    if (bestCentroids.empty())
         return false;
-    sortClusters();
+    const UInt32Vector formerLabels = details::numberByPopulation(nbClusters, bestAssignments);
+    std::vector<KernelKMeansCentroid<KernelType>> centroids;
+    centroids.reserve(nbClusters);
+    for (const ovUInt32 formerLabel : formerLabels)
+        centroids.push_back(std::move(bestCentroids[formerLabel]));
+    _clustersCentroids.swap(centroids);
+    _assignments.swap(bestAssignments);
     return true;
 }
 
@@ -177,19 +185,6 @@ const KernelKMeansCentroid<KernelType>& KernelKMeansClustering<KernelType>::getC
 {
     OVRIXMATH_RAISE_UNLESS(clusterIdx < getNbClusters(), eClusteringMessage, 2, clusterIdx, getNbClusters());
     return _clustersCentroids[clusterIdx];
-}
-
-/// Numbers the clusters by decreasing population, the higher former label first among equal ones.
-template <class KernelType>
-void KernelKMeansClustering<KernelType>::sortClusters()
-{
-    const UInt32Vector formerLabels =
-        details::numberByPopulation(static_cast<ovUInt32>(_clustersCentroids.size()), _assignments);
-    std::vector<KernelKMeansCentroid<KernelType>> centroids;
-    centroids.reserve(formerLabels.size());
-    for (const ovUInt32 formerLabel : formerLabels)
-        centroids.push_back(std::move(_clustersCentroids[formerLabel]));
-    _clustersCentroids.swap(centroids);
 }
 
 template <class KernelType>

@@ -38,8 +38,10 @@ namespace clustering
 /// clusters differ in feature space, and their kernel values keep the weights of the seeding finite and their sum above
 /// 0, see generateKernelKMeansPPInit(). The seeding draws a number below that sum and does not return for others.
 ///
-/// While it runs, `compute` keeps up to 128 MB of kernel values beside the samples, a number for each sample and
-/// cluster, and for each cluster twice the square of the size of its dictionary.
+/// While it runs, `compute` keeps up to 128 MB of kernel values, two copies of the samples, a number for each sample
+/// and cluster, and two matrices for each cluster. These never shrink and grow by half at a time: together they take up
+/// to 4.5 times the square of the largest size that the cluster's dictionary has had so far. The centroids of the best
+/// attempt take as much again.
 ///
 /// One object must not be used on two threads during `compute`, nor may two objects compute at the same time without
 /// care for the generator, which all share. `computeAssignment` fills a cache of the centroids: threads may share it
@@ -63,7 +65,7 @@ public:
 
     /// Clusters the samples.
     ///
-    /// The object is not done after a failure or a raise, even if it was before.
+    /// The object is not done after a failure, a raise or any other exception, even if it was before.
     ///
     /// @param nbClusters in [1, number of samples], else raises Clustering message 11 for 0 and 5 above
     /// @param data samples of one size, not those of this object, which are cleared first; a copy is kept
@@ -122,8 +124,6 @@ public:
     /// @}
 
 private:
-    void sortClusters();
-
     KernelType _kernel;
     KernelKMeansClusteringConfig _config;
     VectorColl _inputDataColl;

@@ -15,8 +15,8 @@ namespace clustering
 class OVRIXMATH_EXPORT KernelKMeansClusteringConfig
 {
 public:
-    /// 10 attempts of at most 100 iterations, which stop when less than 1 % of the labels change; an accuracy threshold
-    /// of 0.001 and dictionaries of any size.
+    /// 10 attempts of at most 100 iterations, which stop when no more than 1 % of the labels change, truncated to whole
+    /// labels; an accuracy threshold of 0.001 and dictionaries of any size.
     KernelKMeansClusteringConfig();
 
     /// Number of randomly seeded attempts, of which the one of the highest Dunn index is kept.
@@ -36,7 +36,7 @@ public:
     ovReal64 getMinChangeRatio() const;
 
     /// @param minChangeRatio in [0, 1[, else (also for NaN) raises Clustering message 4 and keeps the value. The number
-    /// of labels is truncated: the default is none at all for less than 100 samples.
+    /// of labels is truncated: the default is none at all for less than 100 samples, and a single one from 100 on.
     void setMinChangeRatio(ovReal64 minChangeRatio);
 
     /// Accuracy threshold of the centroids, see `KernelKMeansCentroid::setAccuracyThreshold`.

@@ -18,8 +18,8 @@ namespace details
 {
 
 template <class KernelType>
-KernelSamples<KernelType>::KernelSamples(const KernelType& kernel, const VectorColl& data, std::size_t nbKeptValues)
-    : _kernel(kernel), _data(data), _rows(data.size()), _nbRowsLeft(data.empty() ? 0 : nbKeptValues / data.size())
+KernelSamples<KernelType>::KernelSamples(const KernelType& kernel, const VectorColl& data, std::size_t nbCachedValues)
+    : _kernel(kernel), _data(data), _rows(data.size()), _nbRowsLeft(data.empty() ? 0 : nbCachedValues / data.size())
 {
     const std::size_t dimension = data.empty() ? 0 : data.front().size();
     _columns.resize(data.size() * dimension);
@@ -37,11 +37,9 @@ KernelSamples<KernelType>::KernelSamples(const KernelType& kernel, const VectorC
 template <class KernelType>
 void KernelSamples<KernelType>::computeRow(const Vector& x, std::size_t begin, std::size_t end, double* values) const
 {
-    // Samples whose sums stay in the first cache while the columns pass by.
-    constexpr std::size_t tileSize = 512;
-    for (std::size_t first = begin; first < end; first += tileSize)
+    for (std::size_t first = begin; first < end; first += g_nbSumsAtOnce)
     {
-        const std::size_t size = std::min(tileSize, end - first);
+        const std::size_t size = std::min(g_nbSumsAtOnce, end - first);
         // Samples without coordinates have no columns.
         const double* const columns = _columns.empty() ? nullptr : _columns.data() + first;
         double* const sums = values + (first - begin);
@@ -53,25 +51,24 @@ void KernelSamples<KernelType>::computeRow(const Vector& x, std::size_t begin, s
 }
 
 template <class KernelType>
-const double* KernelSamples<KernelType>::keepRow(std::size_t i)
+const double* KernelSamples<KernelType>::cacheRow(std::size_t i)
 {
-    if (!_rows[i] && _nbRowsLeft > 0)
+    if (_rows[i] || isCacheFull())
+        return findCachedRow(i);
+    if (_spareRows.empty())
+        _rows[i].reset(new double[size()]);
+    else
     {
-        --_nbRowsLeft;
-        if (_spareRows.empty())
-            _rows[i].reset(new double[size()]);
-        else
-        {
-            _rows[i] = std::move(_spareRows.back());
-            _spareRows.pop_back();
-        }
-        computeRow(_data[i], 0, size(), _rows[i].get());
+        _rows[i] = std::move(_spareRows.back());
+        _spareRows.pop_back();
     }
-    return findRow(i);
+    --_nbRowsLeft;
+    computeRow(_data[i], 0, size(), _rows[i].get());
+    return findCachedRow(i);
 }
 
 template <class KernelType>
-void KernelSamples<KernelType>::keepOnly(const std::vector<bool>& bWanted)
+void KernelSamples<KernelType>::evictAllBut(const std::vector<bool>& bWanted)
 {
     for (std::size_t i = 0; i < size(); ++i)
     {

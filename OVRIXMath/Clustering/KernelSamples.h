@@ -17,7 +17,7 @@ namespace details
 
 /// The kernel values between the samples of a collection, laid out for speed.
 ///
-/// The coordinates stand in columns, so that a row of kernel values takes many samples at a time. Rows can be kept:
+/// The coordinates stand in columns, so that a row of kernel values takes many samples at a time. Rows can be cached:
 /// what comes back to the same samples, such as the members of dictionaries over many iterations, evaluates the kernel
 /// for them once.
 template <class KernelType>
@@ -25,8 +25,8 @@ class KernelSamples
 {
 public:
     /// @param data samples of one size, which must outlive the object
-    /// @param nbKeptValues how many kernel values may be kept
-    KernelSamples(const KernelType& kernel, const VectorColl& data, std::size_t nbKeptValues = 0);
+    /// @param nbCachedValues how many kernel values may be cached
+    KernelSamples(const KernelType& kernel, const VectorColl& data, std::size_t nbCachedValues = 0);
 
     std::size_t size() const
     {
@@ -52,31 +52,31 @@ public:
     /// k(x, x_i) for the samples i of [begin, end[
     void computeRow(const Vector& x, std::size_t begin, std::size_t end, double* values) const;
 
-    /// The kept values k(x_i, x_j) for all j; null when they are not kept.
-    const double* findRow(std::size_t i) const
+    /// The cached values k(x_i, x_j) for all j; null when they are not cached.
+    const double* findCachedRow(std::size_t i) const
     {
         return _rows[i].get();
     }
 
-    /// The same, computed and kept if there is room.
-    const double* keepRow(std::size_t i);
+    /// The same, computed and cached if there is room.
+    const double* cacheRow(std::size_t i);
 
     /// Whether there is no room for a further row.
-    bool isFull() const
+    bool isCacheFull() const
     {
         return _nbRowsLeft == 0;
     }
 
-    /// Forgets the rows of all samples that are not wanted.
-    void keepOnly(const std::vector<bool>& bWanted);
+    /// Evicts the rows of all samples that are not wanted from the cache.
+    void evictAllBut(const std::vector<bool>& bWanted);
 
 private:
     const KernelType& _kernel;
     const VectorColl& _data;
     std::vector<double> _columns;
     std::vector<double> _selfValues;
-    std::vector<std::unique_ptr<double[]>> _rows;
-    std::vector<std::unique_ptr<double[]>> _spareRows; ///< memory of rows that were forgotten
+    std::vector<std::unique_ptr<double[]>> _rows;      ///< the cache, by sample
+    std::vector<std::unique_ptr<double[]>> _spareRows; ///< memory of rows that were evicted
     std::size_t _nbRowsLeft;
 };
 

@@ -31,6 +31,9 @@ struct EquidistantRows
     }
 };
 
+/// Sums that are formed together where there are many, so that they stay in the first cache while the rows pass by.
+constexpr std::size_t g_nbSumsAtOnce = 512;
+
 /// Rows that addRows() reads at the same time.
 constexpr std::size_t g_nbRowsOfAPass = 4;
 

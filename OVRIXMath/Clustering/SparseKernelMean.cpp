@@ -97,45 +97,68 @@ double* SparseKernelMean::prepareKernelValues()
     return _k.data();
 }
 
-SparseKernelMean::Addition SparseKernelMean::addSample(double selfValue)
+SparseKernelMean::Projection SparseKernelMean::projectSample(double selfValue)
 {
-    Addition addition;
-    ++_nbSamples;
+    Projection sample{selfValue, selfValue, false};
     if (_weights.empty())
     {
         // A sample without a direction in feature space does not count.
-        addition.bJoined = std::fabs(selfValue) > NumericLimits<double>::s_eps;
-        if (addition.bJoined)
-            start(selfValue);
-        else
-            _nbSamples = 0;
+        sample.bJoins = std::fabs(selfValue) > NumericLimits<double>::s_eps;
+    }
+    else
+    {
+        sample.delta = project(selfValue);
+        sample.bJoins = sample.delta > std::max(_accuracyThreshold, _minStrength);
+    }
+    if (sample.bJoins)
+        reserve(_weights.size() == _maxDictionarySize ? _weights.size() : _weights.size() + 1);
+    return sample;
+}
+
+/// Takes the memory of all that grows with the dictionary.
+void SparseKernelMean::reserve(std::size_t size)
+{
+    _K.reserve(size);
+    _Kinv.reserve(size);
+    for (std::vector<double>* pVector : {&_weights, &_pivotRow, &_scaledPivotRow, &_product})
+        pVector->reserve(_K.stride());
+}
+
+SparseKernelMean::Addition SparseKernelMean::addSample(const Projection& sample)
+{
+    Addition addition;
+    addition.bJoined = sample.bJoins;
+    if (_weights.empty())
+    {
+        if (sample.bJoins)
+            start(sample.selfValue);
         return addition;
     }
 
+    ++_nbSamples;
     const double sampleShare = 1.0 / static_cast<double>(_nbSamples);
     const double formerShare = 1.0 - sampleShare;
-    double delta = project(selfValue);
     _bClusterTermUpToDate = false;
-    if (!(delta > std::max(_accuracyThreshold, _minStrength)))
+    if (!sample.bJoins)
     {
         for (std::size_t i = 0; i < _weights.size(); ++i)
             _weights[i] = formerShare * _weights[i] + sampleShare * _a[i];
         return addition;
     }
 
+    double delta = sample.delta;
     if (_weights.size() == _maxDictionarySize)
     {
         if (_minStrength == 0.0)
             updateMinStrength();
         addition.removed = _minStrengthIdx;
         removeMember(addition.removed);
-        delta = project(selfValue);
+        delta = project(sample.selfValue);
     }
     for (double& weight : _weights)
         weight *= formerShare;
     _weights.push_back(sampleShare);
-    appendMember(selfValue, delta);
-    addition.bJoined = true;
+    appendMember(sample.selfValue, delta);
     if (addition.removed != Addition::g_none)
         updateMinStrength();
     return addition;
@@ -144,7 +167,8 @@ SparseKernelMean::Addition SparseKernelMean::addSample(double selfValue)
 /// Makes the first sample that counts the only member.
 void SparseKernelMean::start(double selfValue)
 {
-    _weights.push_back(1.0 / static_cast<double>(_nbSamples));
+    _nbSamples = 1;
+    _weights.push_back(1.0);
     _K.setSize(1);
     _Kinv.setSize(1);
     *_K.row(0) = selfValue;
@@ -232,16 +256,19 @@ void SparseKernelMean::appendMember(double selfValue, double delta)
 
 void SparseKernelMean::updateMinStrength()
 {
-    _minStrength = NumericLimits<double>::s_max;
+    double minStrength = NumericLimits<double>::s_max;
+    std::size_t minStrengthIdx = _minStrengthIdx;
     for (std::size_t p = 0; p < _weights.size(); ++p)
     {
         const double strength = computeStrength(p);
-        if (_minStrength > strength)
+        if (minStrength > strength)
         {
-            _minStrength = strength;
-            _minStrengthIdx = p;
+            minStrength = strength;
+            minStrengthIdx = p;
         }
     }
+    _minStrength = minStrength;
+    _minStrengthIdx = minStrengthIdx;
 }
 
 /// The squared length that is left of member p after its projection on the others.

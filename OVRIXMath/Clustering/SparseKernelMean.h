@@ -28,6 +28,14 @@ public:
     static constexpr double g_defaultAccuracyThreshold = 0.001;
     static constexpr ovUInt32 g_defaultMaxDictionarySize = NumericLimits<ovUInt32>::s_max;
 
+    /// A sample that is about to be added.
+    struct Projection
+    {
+        double selfValue;
+        double delta; ///< squared length of what is left of the sample after its projection on the members
+        bool bJoins;  ///< whether it is to join the dictionary
+    };
+
     /// What a sample did to the dictionary.
     struct Addition
     {
@@ -76,8 +84,13 @@ public:
     /// Room for the kernel values between the members and the sample that is added next.
     double* prepareKernelValues();
 
-    /// Adds the sample of these kernel values.
-    Addition addSample(double selfValue);
+    /// Projects the sample of these kernel values on the members, and takes the memory that adding it needs.
+    ///
+    /// Whatever can fail about a sample fails here, and changes nothing.
+    Projection projectSample(double selfValue);
+
+    /// Adds the sample that was projected last.
+    Addition addSample(const Projection& sample);
 
     /// Finds the member that the others express best.
     void updateMinStrength();
@@ -86,6 +99,7 @@ public:
     double getClusterTerm() const;
 
 private:
+    void reserve(std::size_t size);
     void start(double selfValue);
     double project(double selfValue);
     void removeMember(std::size_t p);

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstddef>
 #include <ostream>
+#include <utility>
 
 namespace ovrix
 {
@@ -106,10 +107,12 @@ SpectralClustering<KernelType>::SpectralClustering(const SpectralClustering& oth
 template <class KernelType>
 SpectralClustering<KernelType>& SpectralClustering<KernelType>::operator=(const SpectralClustering& other)
 {
-    *_clusteringAlgorithm = *other._clusteringAlgorithm;
-    _inputDataColl = other._inputDataColl;
-    _eigenValues = other._eigenValues;
-    _eigenVectors = other._eigenVectors;
+    SpectralClustering copy(other);
+    // The inner object stays the one that getClusteringAlgorithm() has given.
+    *_clusteringAlgorithm = std::move(*copy._clusteringAlgorithm);
+    _inputDataColl.swap(copy._inputDataColl);
+    _eigenValues.swap(copy._eigenValues);
+    _eigenVectors.swap(copy._eigenVectors);
     return *this;
 }
 

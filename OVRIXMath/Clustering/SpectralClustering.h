@@ -50,6 +50,8 @@ public:
     explicit SpectralClustering(const KernelType& kernel);
 
     SpectralClustering(const SpectralClustering& other);
+
+    /// All or nothing: an exception leaves the object as it was.
     SpectralClustering& operator=(const SpectralClustering& other);
 
     const KernelType& getKernel() const; ///< the kernel that samples are compared by
@@ -65,7 +67,7 @@ public:
 
     /// Clusters the samples.
     ///
-    /// The object is not done after a failure or a raise, even if it was before.
+    /// The object is not done after a failure, a raise or any other exception, even if it was before.
     ///
     /// @param nbClusters in [1, number of samples], else raises Clustering message 11 for 0 and 5 above
     /// @param data samples of one size, not those of this object, which are cleared first; a copy is kept

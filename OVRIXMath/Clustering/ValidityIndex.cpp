@@ -1,3 +1,4 @@
+#include <OVRIXMath/Clustering/ClusteringUtils.h>
 #include <OVRIXMath/Clustering/DunnIndex.h>
 #include <OVRIXMath/Clustering/SampleTable.h>
 #include <OVRIXMath/Clustering/ValidityIndex.h>
@@ -53,15 +54,9 @@ struct Partition
         return counts;
     }
 
-    double sumOfSquaredDistancesToCenters() const
+    double compactness() const
     {
-        double sum = 0.0;
-        for (std::size_t i = 0; i < data.size(); ++i)
-        {
-            if (hasCenter(i))
-                sum += squaredDistance(data[i], centerOf(i));
-        }
-        return sum;
+        return computeCompactness(centers, data, assignments);
     }
 };
 
@@ -106,7 +101,7 @@ double daviesBouldin(const Partition& partition)
 
 double rmsStd(const Partition& partition)
 {
-    const double error = partition.sumOfSquaredDistancesToCenters();
+    const double error = partition.compactness();
     double freedom = 0.0;
     // Unsigned on purpose: an empty cluster adds 4294967295.
     for (const ovUInt32 population : partition.populations())
@@ -127,7 +122,7 @@ double rSquared(const Partition& partition)
     double total = 0.0;
     for (const Vector& sample : partition.data)
         total += squaredDistance(sample, mean);
-    const double within = partition.sumOfSquaredDistancesToCenters();
+    const double within = partition.compactness();
     return total != 0.0 ? (total - within) / total : 0.0;
 }
 

@@ -30,8 +30,8 @@ enum eValidityIndexType : int
 ///   the result is `sqrt(MAX / maxIntra)` for one cluster, and NaN for clusters of one sample each, or -0 where two of
 ///   these all but coincide. Centres are not read. The larger the better.
 /// - eVIT_DaviesBouldin: the mean over the clusters of `R_i = max over j != i of (S_0 + S_i) / |c_i - c_j|`, where
-///   `S_k` is the mean of `|x_i - c_k|` over cluster k. What is added to the scatter of cluster i is that of cluster 0
-///   for all j, unlike in the published index. MAX if two centres coincide, 0 for no sample or K <= 1. The smaller the
+///   `S_k` is the mean of `|x_i - c_k|` over cluster k. The scatter added to that of cluster i is that of cluster 0 for
+///   every j, unlike in the published index. MAX if two centres coincide, 0 for no sample or K <= 1. The smaller the
 ///   better.
 /// - eVIT_RMSStd: `sqrt(E / F)`, E the sum of `|x_i - c_a(i)|^2`, F the number of coordinates times the sum over the
 ///   clusters of `n_k - 1`, which wraps round to 4294967295 for an empty cluster; 0 if F is 0. The smaller the better.

@@ -16,7 +16,6 @@ namespace details
 namespace
 {
 
-constexpr ovUInt32 g_none = NumericLimits<ovUInt32>::s_max;
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
 
 /// From so many rows on, to keep a list of a column's near rows takes less time than to look at all rows.
@@ -27,7 +26,7 @@ constexpr ovUInt32 g_minRowsForLists = 256;
 AssignmentSearch::AssignmentSearch(const double* weights, const WeightRange& range, ovUInt32 nbRows, ovUInt32 nbColumns)
     : _weights(weights), _nbRows(nbRows), _nbColumns(nbColumns), _range(range), _nbLabelChanges(0.0),
       _negativeChanges(0.0), _tolerance(0.0), _weightsByColumn(std::size_t(nbRows) * nbColumns),
-      _rowMate(nbRows, g_none), _columnMate(nbColumns, g_none), _rowLabel(nbRows, 0.0), _unvisitedRowLabel(nbRows, 0.0),
+      _rowMate(nbRows, s_none), _columnMate(nbColumns, s_none), _rowLabel(nbRows, 0.0), _unvisitedRowLabel(nbRows, 0.0),
       _freeLabel(nbColumns, NumericLimits<double>::s_min), _matchedLabel(nbColumns), _freeColumns(nbColumns),
       _ranking(weights, nbRows, nbColumns, range.bExact), _nearRows(_weightsByColumn.data(), nbRows, nbColumns),
       _freeSlack(nbRows), _freeSlackColumn(nbRows), _slacks(nbRows), _leastFreeRowSlack(0.0), _visited(nbRows),
@@ -88,6 +87,22 @@ void AssignmentSearch::startLabels()
     _ranking.rankAll(_freeLabel);
 }
 
+/// What rounding may amount to up to the end of the pass.
+///
+/// Let the weights be at most A in magnitude, u the unit roundoff, K the number of changes of labels up to the end of
+/// the pass, at most one for each row more than so far, and N the sum of the changes by less than 0, which rounding
+/// alone causes. A row that is free keeps the label 0, so a free column keeps a label of at least its least weight; it
+/// starts from at most the largest one, hence the changes add up to 2A at most and all labels stay within 3A, as long
+/// as rounding amounts to less than A. A change then rounds a label or slack by less than 8A u, and an edge can fall
+/// below its weight by 32 K A u + N. What is needed:
+///
+/// - 16 K A u between slacks of one pass, which are lowered with the labels;
+/// - N + 40 A u for NearRows, whose slacks can fall where labels of rows do;
+/// - 16 K A u + 32 A u for the FreeColumnRanking, between slacks now and when its lists were made;
+/// - 32 K A u + N + 16 A u for slacks of 0 to be below the limit: by so much the least slack of a free row can be below
+///   0.
+///
+/// 2^-52 (32 K + 256) A + 4N, which is (64 K + 512) A u + 4N, covers the sum of all four.
 void AssignmentSearch::updateTolerance()
 {
     if (_range.bExact)
@@ -109,7 +124,7 @@ void AssignmentSearch::runPass()
 {
     computeFreeSlacks();
     Edge edge = findFreeRow();
-    if (edge.second == g_none)
+    if (!edge.exists())
     {
         edge = search();
         closePass();
@@ -125,9 +140,9 @@ void AssignmentSearch::computeFreeSlacks()
     for (ovUInt32 row = 0; row < _nbRows; ++row)
     {
         const ovUInt32 column = computeFreeSlack(row);
-        if (column != g_none)
-            _freeTightEdges.emplace_back(column, row);
-        if (_rowMate[row] == g_none && _freeSlack[row] < _leastFreeRowSlack)
+        if (column != s_none)
+            _freeTightEdges.push_back({column, row});
+        if (_rowMate[row] == s_none && _freeSlack[row] < _leastFreeRowSlack)
             _leastFreeRowSlack = _freeSlack[row];
     }
 }
@@ -141,7 +156,7 @@ ovUInt32 AssignmentSearch::computeFreeSlack(ovUInt32 row)
 
     ovUInt32 column = _ranking.getBestColumn(row);
     double slack = (_rowLabel[row] + _freeLabel[column]) - _ranking.getBestWeight(row);
-    ovUInt32 tightColumn = slack == 0.0 ? column : g_none;
+    ovUInt32 tightColumn = slack == 0.0 ? column : s_none;
     bool bSure = _ranking.isLeadSure(row, margin(slack));
     for (double searched = -1.0; !bSure && searched < margin(slack);)
     {
@@ -178,21 +193,21 @@ ovUInt32 AssignmentSearch::scanFreeColumns(ovUInt32 row)
     _freeSlack[row] = least.slack;
     _freeSlackColumn[row] = static_cast<ovUInt32>(least.column);
     if (!least.bTight)
-        return g_none;
+        return s_none;
     const auto tightColumn =
         std::find_if(_freeColumns.begin(), _freeColumns.end(),
                      [&](ovUInt32 column) { return _rowLabel[row] + _freeLabel[column] == weights[column]; });
-    return tightColumn != _freeColumns.end() ? *tightColumn : g_none;
+    return tightColumn != _freeColumns.end() ? *tightColumn : s_none;
 }
 
 /// Free columns are searched before all others, so a free row that is tight with one of them ends the pass at once.
 /// Gives its edge, if there is one.
 AssignmentSearch::Edge AssignmentSearch::findFreeRow() const
 {
-    Edge first(g_none, g_none);
+    Edge first;
     for (const Edge& edge : _freeTightEdges)
     {
-        if (_rowMate[edge.second] == g_none)
+        if (_rowMate[edge.row] == s_none)
             first = std::min(first, edge);
     }
     return first;
@@ -210,8 +225,8 @@ AssignmentSearch::Edge AssignmentSearch::search()
     std::sort(_freeTightEdges.begin(), _freeTightEdges.end());
     for (const Edge& edge : _freeTightEdges)
     {
-        const Edge end = visit(edge.second, edge.first);
-        if (end.second != g_none)
+        const Edge end = visit(edge);
+        if (end.exists())
             return end;
     }
     std::size_t nbFollowed = 0;
@@ -220,14 +235,14 @@ AssignmentSearch::Edge AssignmentSearch::search()
         for (; nbFollowed < _tightEdges.size(); ++nbFollowed)
         {
             const Edge edge = _tightEdges[nbFollowed];
-            if (_visited.contains(edge.second))
+            if (_visited.contains(edge.row))
                 continue;
-            const Edge end = visit(edge.second, edge.first);
-            if (end.second != g_none)
+            const Edge end = visit(edge);
+            if (end.exists())
                 return end;
         }
         const Edge end = changeLabels();
-        if (end.second != g_none)
+        if (end.exists())
             return end;
     }
 }
@@ -248,35 +263,37 @@ AssignmentSearch::Edge AssignmentSearch::changeLabels()
 
     // A free row among these comes before those that are tight with the columns reached on the way, and on the way
     // slacks can become 0.
-    Edge first(g_none, g_none);
+    Edge first;
     for (std::size_t next = _zeroRows.next(0); next < _nbRows; next = _zeroRows.next(next + 1))
     {
         const ovUInt32 row = static_cast<ovUInt32>(next);
         if (_slacks.getSlack(row) != 0.0)
             continue;
-        const ovUInt32 column = _slacks.getColumn(row);
-        if (_rowMate[row] == g_none)
-            return Edge(column, row);
-        const Edge end = visit(row, column);
-        if (first.second == g_none)
+        const Edge edge{_slacks.getColumn(row), row};
+        if (_rowMate[row] == s_none)
+            return edge;
+        const Edge end = visit(edge);
+        if (!first.exists())
             first = end;
     }
     return first;
 }
 
-/// Visits a matched row and reaches its column. Gives the tight edge of that column to the first free row, if any.
-AssignmentSearch::Edge AssignmentSearch::visit(ovUInt32 row, ovUInt32 column)
+/// Visits the matched row of an edge and reaches its mate. Gives the tight edge of that column to the first free row,
+/// if any.
+AssignmentSearch::Edge AssignmentSearch::visit(const Edge& edge)
 {
+    const ovUInt32 row = edge.row;
     _slacks.remove(row);
     _unvisitedRowLabel[row] = g_infinity;
     _visited.insert(row);
     const ovUInt32 mate = _rowMate[row];
-    _parent[mate] = column;
+    _parent[mate] = edge.column;
     _visitedRows.push_back(row);
     _visitedRowLabel.push_back(_rowLabel[row]);
     _visitedColumns.push_back(mate);
     _visitedColumnLabel.push_back(_matchedLabel[mate]);
-    return Edge(mate, relax(mate));
+    return Edge{mate, relax(mate)};
 }
 
 /// Lowers slacks to those of the column, and lists its tight edges. Gives the first free row with one, if any.
@@ -285,10 +302,10 @@ ovUInt32 AssignmentSearch::relax(ovUInt32 column)
     const double columnLabel = _matchedLabel[column];
     const double limit = getSlackLimit();
     const auto firstTightEdge = static_cast<std::ptrdiff_t>(_tightEdges.size());
-    ovUInt32 firstFreeRow = g_none;
+    ovUInt32 firstFreeRow = s_none;
     const auto relaxRow = [&](ovUInt32 row, double weight)
     {
-        const bool bFree = _rowMate[row] == g_none;
+        const bool bFree = _rowMate[row] == s_none;
         const double slack = (_rowLabel[row] + columnLabel) - weight;
         _slacks.lower(row, slack, column);
         if (bFree && slack < _leastFreeRowSlack)
@@ -301,7 +318,7 @@ ovUInt32 AssignmentSearch::relax(ovUInt32 column)
         else if (!_listed.contains(row))
         {
             _listed.insert(row);
-            _tightEdges.emplace_back(column, row);
+            _tightEdges.push_back({column, row});
         }
     };
 
@@ -349,9 +366,9 @@ void AssignmentSearch::closePass()
 /// Matches along the path that ends with the edge. It starts at a free column.
 void AssignmentSearch::augment(const Edge& edge)
 {
-    ovUInt32 column = edge.first;
-    ovUInt32 row = edge.second;
-    while (_columnMate[column] != g_none)
+    ovUInt32 column = edge.column;
+    ovUInt32 row = edge.row;
+    while (_columnMate[column] != s_none)
     {
         const ovUInt32 oldRow = _columnMate[column];
         _rowMate[row] = column;

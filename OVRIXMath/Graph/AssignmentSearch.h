@@ -8,7 +8,6 @@
 #include <OVRIXMath/Graph/WeightRange.h>
 #include <OVRIXMath/Types.h>
 
-#include <utility>
 #include <vector>
 
 namespace ovrix
@@ -41,14 +40,8 @@ namespace details
 /// - A pass ends at the latest when the least slack of a free row has fallen to 0. Rows with larger slacks are not
 ///   reached in the pass, so their slacks need not be known. The others come from the NearRows of a visited column.
 ///
-/// The last two allow for rounding. Let the weights be at most A in magnitude, u the unit roundoff, K the number of
-/// changes of labels up to the end of the pass, at most one for each row more than so far, and N the sum of the changes
-/// by less than 0, which rounding alone causes. A row that is free keeps the label 0, so a free column keeps a label of
-/// at least its least weight; it starts from at most the largest one, hence the changes add up to 2A at most and all
-/// labels stay within 3A, as long as rounding amounts to less than A. A change then rounds a label or slack by less
-/// than 8A u, and an edge can fall below its weight by 32 K A u + N. The tolerance of 2^-52 (32 K + 256) A + 4N covers
-/// all that together. If it grows to A / 16, it becomes infinite, and with it everything is looked at. It is 0, on the
-/// other hand, where no sum is rounded.
+/// The last two allow for rounding, by a tolerance that updateTolerance() derives. It is 0 where no sum is rounded, and
+/// where it would be too large to be of use, everything is looked at.
 class AssignmentSearch
 {
 public:
@@ -61,7 +54,24 @@ public:
     std::vector<ovUInt32> run();
 
 private:
-    using Edge = std::pair<ovUInt32, ovUInt32>; ///< column and row
+    static constexpr ovUInt32 s_none = NumericLimits<ovUInt32>::s_max;
+
+    /// An edge, or none. In the order of the columns, and for each of the rows.
+    struct Edge
+    {
+        ovUInt32 column = s_none;
+        ovUInt32 row = s_none;
+
+        bool exists() const
+        {
+            return row != s_none;
+        }
+
+        bool operator<(const Edge& other) const
+        {
+            return column < other.column || (column == other.column && row < other.row);
+        }
+    };
 
     void copyByColumns();
     void startLabels();
@@ -75,7 +85,7 @@ private:
     Edge findFreeRow() const;
     Edge search();
     Edge changeLabels();
-    Edge visit(ovUInt32 row, ovUInt32 column);
+    Edge visit(const Edge& edge);
     ovUInt32 relax(ovUInt32 column);
     void closePass();
     void augment(const Edge& edge);

@@ -1,6 +1,7 @@
 #include <OVRIXMath/Graph/BipartitePartialMatch.h>
 #include <OVRIXMath/Graph/GraphLogMessages.h>
 #include <OVRIXMath/Graph/Munkres.h>
+#include <OVRIXMath/Graph/WeightTable.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 
 #include <algorithm>
@@ -13,17 +14,71 @@ namespace math
 namespace
 {
 
-/// The indices, ascending, for which the predicate holds.
-template <class Predicate>
-std::vector<ovUInt32> indicesWhere(ovUInt32 count, Predicate&& holds)
+using Indices = std::vector<ovUInt32>;
+
+/// The rows and columns that take part, ascending.
+struct Candidates
 {
-    std::vector<ovUInt32> indices;
-    for (ovUInt32 idx = 0; idx < count; ++idx)
+    Indices rows;
+    Indices columns;
+};
+
+/// Finds the rows and columns with a weight above the threshold, in one scan along the rows.
+Candidates findCandidates(const details::WeightTable& table, ovUInt32 nbRows, ovUInt32 nbColumns, double threshold)
+{
+    Candidates candidates;
+    std::vector<unsigned char> columnIsCandidate(nbColumns, 0);
+    for (ovUInt32 row = 0; row < nbRows; ++row)
     {
-        if (holds(idx))
-            indices.push_back(idx);
+        unsigned char rowIsCandidate = 0;
+        for (ovUInt32 column = 0; column < nbColumns; ++column)
+        {
+            const unsigned char isAbove = threshold < table(row, column);
+            columnIsCandidate[column] |= isAbove;
+            rowIsCandidate |= isAbove;
+        }
+        if (rowIsCandidate != 0)
+            candidates.rows.push_back(row);
     }
-    return indices;
+    for (ovUInt32 column = 0; column < nbColumns; ++column)
+    {
+        if (columnIsCandidate[column] != 0)
+            candidates.columns.push_back(column);
+    }
+    return candidates;
+}
+
+/// One of the two sides of a matching.
+struct Side
+{
+    const Indices& candidates;
+    Indices& partners;
+};
+
+/// Matches the candidates of two sides, of which the first has no more than the second.
+///
+/// @param pairWeight gives the weight of a member of the first and one of the second side
+template <class PairWeight>
+void matchCandidates(const Side& first, const Side& second, double threshold, const PairWeight& pairWeight)
+{
+    Munkres munkres;
+    munkres.init(static_cast<ovUInt32>(first.candidates.size()), static_cast<ovUInt32>(second.candidates.size()));
+    for (ovUInt32 k = 0; k < first.candidates.size(); ++k)
+    {
+        std::transform(second.candidates.begin(), second.candidates.end(), munkres.getWeights(k),
+                       [&](ovUInt32 j) { return pairWeight(first.candidates[k], j); });
+    }
+    munkres.solve();
+    for (std::size_t k = 0; k < first.candidates.size(); ++k)
+    {
+        const ovUInt32 i = first.candidates[k];
+        const ovUInt32 j = second.candidates[munkres.getAssignments()[k]];
+        if (threshold <= pairWeight(i, j))
+        {
+            first.partners[i] = j;
+            second.partners[j] = i;
+        }
+    }
 }
 
 } // namespace
@@ -71,22 +126,17 @@ ovReal64 BipartitePartialMatch::getThreshold() const
 
 double* BipartitePartialMatch::getWeights(ovUInt32 rowIdx)
 {
-    OVRIXMATH_RAISE_UNLESS(rowIdx < _nbRows, eGraphMessage, 3, rowIdx, _nbRows);
-    return isInitialized() ? _weights.data() + std::size_t(rowIdx) * _nbColumns : nullptr;
+    return const_cast<double*>(getTable().getRow(rowIdx));
 }
 
 const double* BipartitePartialMatch::getWeights(ovUInt32 rowIdx) const
 {
-    OVRIXMATH_RAISE_UNLESS(rowIdx < _nbRows, eGraphMessage, 3, rowIdx, _nbRows);
-    return isInitialized() ? _weights.data() + std::size_t(rowIdx) * _nbColumns : nullptr;
+    return getTable().getRow(rowIdx);
 }
 
 double BipartitePartialMatch::getWeight(ovUInt32 rowIdx, ovUInt32 columnIdx) const
 {
-    OVRIXMATH_RAISE_UNLESS(rowIdx < _nbRows, eGraphMessage, 3, rowIdx, _nbRows);
-    OVRIXMATH_RAISE_UNLESS(columnIdx < _nbColumns, eGraphMessage, 2, columnIdx, _nbColumns);
-    OVRIXMATH_RAISE_UNLESS(isInitialized(), eGraphMessage, 0);
-    return weight(rowIdx, columnIdx);
+    return getTable().getWeight(rowIdx, columnIdx);
 }
 
 bool BipartitePartialMatch::isSolved() const
@@ -98,56 +148,22 @@ bool BipartitePartialMatch::isSolved() const
 void BipartitePartialMatch::solve()
 {
     OVRIXMATH_RAISE_UNLESS(isInitialized(), eGraphMessage, 0);
-    _rowAssignments.assign(_nbRows, getUnAssignedValue());
-    _columnAssignments.assign(_nbColumns, getUnAssignedValue());
+    _rowAssignments.clear();
+    _columnAssignments.clear();
+    Indices rowAssignments(_nbRows, getUnAssignedValue());
+    Indices columnAssignments(_nbColumns, getUnAssignedValue());
 
-    // One scan along the rows serves both sides.
-    std::vector<unsigned char> columnIsCandidate(_nbColumns, 0);
-    const std::vector<ovUInt32> rows = indicesWhere(_nbRows,
-                                                    [&](ovUInt32 row)
-                                                    {
-                                                        unsigned char isCandidate = 0;
-                                                        for (ovUInt32 column = 0; column < _nbColumns; ++column)
-                                                        {
-                                                            const unsigned char isAbove =
-                                                                _threshold < weight(row, column);
-                                                            columnIsCandidate[column] |= isAbove;
-                                                            isCandidate |= isAbove;
-                                                        }
-                                                        return isCandidate != 0;
-                                                    });
-    if (rows.empty())
-        return;
-    const std::vector<ovUInt32> columns =
-        indicesWhere(_nbColumns, [&](ovUInt32 column) { return columnIsCandidate[column] != 0; });
+    const details::WeightTable table = getTable();
+    const Candidates candidates = findCandidates(table, _nbRows, _nbColumns, _threshold);
+    const Side rows{candidates.rows, rowAssignments};
+    const Side columns{candidates.columns, columnAssignments};
+    if (candidates.columns.size() < candidates.rows.size())
+        matchCandidates(columns, rows, _threshold, [&](ovUInt32 i, ovUInt32 j) { return table(j, i); });
+    else if (!candidates.rows.empty())
+        matchCandidates(rows, columns, _threshold, [&](ovUInt32 i, ovUInt32 j) { return table(i, j); });
 
-    const bool bSwapped = columns.size() < rows.size();
-    const std::vector<ovUInt32>& first = bSwapped ? columns : rows;
-    const std::vector<ovUInt32>& second = bSwapped ? rows : columns;
-    std::vector<ovUInt32>& firstAssignments = bSwapped ? _columnAssignments : _rowAssignments;
-    std::vector<ovUInt32>& secondAssignments = bSwapped ? _rowAssignments : _columnAssignments;
-    const auto pairWeight = [&](ovUInt32 i, ovUInt32 j) { return bSwapped ? weight(j, i) : weight(i, j); };
-
-    Munkres munkres;
-    munkres.init(static_cast<ovUInt32>(first.size()), static_cast<ovUInt32>(second.size()));
-    for (ovUInt32 k = 0; k < first.size(); ++k)
-    {
-        std::transform(second.begin(), second.end(), munkres.getWeights(k),
-                       [&](ovUInt32 j) { return pairWeight(first[k], j); });
-    }
-    munkres.solve();
-
-    const std::vector<ovUInt32>& assignments = munkres.getAssignments();
-    for (std::size_t k = 0; k < first.size(); ++k)
-    {
-        const ovUInt32 i = first[k];
-        const ovUInt32 j = second[assignments[k]];
-        if (_threshold <= pairWeight(i, j))
-        {
-            firstAssignments[i] = j;
-            secondAssignments[j] = i;
-        }
-    }
+    _rowAssignments.swap(rowAssignments);
+    _columnAssignments.swap(columnAssignments);
 }
 
 const std::vector<ovUInt32>& BipartitePartialMatch::getRowAssignments() const
@@ -164,12 +180,12 @@ const std::vector<ovUInt32>& BipartitePartialMatch::getColumnAssignments() const
 
 bool BipartitePartialMatch::isInitialized() const
 {
-    return !_weights.empty();
+    return getTable().isInitialized();
 }
 
-double BipartitePartialMatch::weight(std::size_t row, std::size_t column) const
+details::WeightTable BipartitePartialMatch::getTable() const
 {
-    return _weights[row * _nbColumns + column];
+    return details::WeightTable(_weights, _nbRows, _nbColumns);
 }
 
 } // namespace math

@@ -11,6 +11,11 @@ namespace ovrix
 namespace math
 {
 
+namespace details
+{
+class WeightTable;
+}
+
 /// Partial matching of the rows and columns of a table of weights, where a weak pair is worse than none.
 ///
 /// Weights are maximised. A row or column takes part when one of its weights is above the threshold, strictly. The
@@ -25,11 +30,13 @@ namespace math
 ///
 /// ```cpp
 /// BipartitePartialMatch match;
-/// match.init(nbRows, nbColumns, 0.5);
-/// // fill getWeights(row) for each row
+/// match.init(2, 3, 0.5);
+/// for (ovUInt32 row = 0; row < 2; ++row)
+///     std::copy(weights[row].begin(), weights[row].end(), match.getWeights(row));
 /// match.solve();
-/// if (match.getRowAssignments()[0] != BipartitePartialMatch::getUnAssignedValue())
-///     ...
+/// const ovUInt32 column = match.getRowAssignments()[0];
+/// if (column != BipartitePartialMatch::getUnAssignedValue())
+///     std::cout << "row 0 goes with column " << column << std::endl;
 /// ```
 class OVRIXMATH_EXPORT BipartitePartialMatch
 {
@@ -79,7 +86,8 @@ public:
     /// Whether `solve()` gave a result; raises Graph message 0 unless initialised.
     bool isSolved() const;
 
-    /// Computes the matching anew from the weights; raises Graph message 0 unless initialised.
+    /// Computes the matching anew from the weights; raises Graph message 0 unless initialised. An exception, as for
+    /// want of memory, leaves it not solved.
     ///
     /// Cubic in the number of candidates, linear in the size of the table else.
     void solve();
@@ -93,7 +101,7 @@ public:
 
 private:
     bool isInitialized() const;
-    double weight(std::size_t row, std::size_t column) const;
+    details::WeightTable getTable() const;
 
     ovUInt32 _nbRows;
     ovUInt32 _nbColumns;

@@ -2,6 +2,7 @@
 #include <OVRIXMath/Graph/GraphLogMessages.h>
 #include <OVRIXMath/Graph/Munkres.h>
 #include <OVRIXMath/Graph/PlainAssignmentSearch.h>
+#include <OVRIXMath/Graph/WeightTable.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 
 namespace ovrix
@@ -41,22 +42,17 @@ ovUInt32 Munkres::getNbColumns() const
 
 double* Munkres::getWeights(ovUInt32 rowIdx)
 {
-    OVRIXMATH_RAISE_UNLESS(rowIdx < _nbRows, eGraphMessage, 3, rowIdx, _nbRows);
-    return isInitialized() ? _weights.data() + std::size_t(rowIdx) * _nbColumns : nullptr;
+    return const_cast<double*>(getTable().getRow(rowIdx));
 }
 
 const double* Munkres::getWeights(ovUInt32 rowIdx) const
 {
-    OVRIXMATH_RAISE_UNLESS(rowIdx < _nbRows, eGraphMessage, 3, rowIdx, _nbRows);
-    return isInitialized() ? _weights.data() + std::size_t(rowIdx) * _nbColumns : nullptr;
+    return getTable().getRow(rowIdx);
 }
 
 double Munkres::getWeight(ovUInt32 rowIdx, ovUInt32 columnIdx) const
 {
-    OVRIXMATH_RAISE_UNLESS(rowIdx < _nbRows, eGraphMessage, 3, rowIdx, _nbRows);
-    OVRIXMATH_RAISE_UNLESS(columnIdx < _nbColumns, eGraphMessage, 2, columnIdx, _nbColumns);
-    OVRIXMATH_RAISE_UNLESS(isInitialized(), eGraphMessage, 0);
-    return _weights[std::size_t(rowIdx) * _nbColumns + columnIdx];
+    return getTable().getWeight(rowIdx, columnIdx);
 }
 
 bool Munkres::isSolved() const
@@ -83,15 +79,21 @@ const std::vector<ovUInt32>& Munkres::getAssignments() const
 ovReal64 Munkres::getTotalWeigth()
 {
     OVRIXMATH_RAISE_UNLESS(isSolved(), eGraphMessage, 1);
+    const details::WeightTable table = getTable();
     ovReal64 total = 0.0;
     for (ovUInt32 row = 0; row < _nbRows; ++row)
-        total += _weights[std::size_t(row) * _nbColumns + _assignments[row]];
+        total += table(row, _assignments[row]);
     return total;
 }
 
 bool Munkres::isInitialized() const
 {
-    return !_weights.empty();
+    return getTable().isInitialized();
+}
+
+details::WeightTable Munkres::getTable() const
+{
+    return details::WeightTable(_weights, _nbRows, _nbColumns);
 }
 
 } // namespace math

@@ -10,6 +10,11 @@ namespace ovrix
 namespace math
 {
 
+namespace details
+{
+class WeightTable;
+}
+
 /// Optimal assignment: gives each row of a table of weights a column of its own, so that the sum of the chosen weights
 /// is the largest possible.
 ///
@@ -78,7 +83,8 @@ public:
 
     /// Computes the assignment anew from the weights; raises Graph message 0 unless initialised.
     ///
-    /// Cubic in the size at worst.
+    /// With R rows and C columns it takes R^2 C steps at the worst, and R C at the least, to read the table. An
+    /// exception, as for want of memory, leaves the object not solved.
     void solve();
 
     /// The column of each row; raises Graph message 1 unless solved, and 0 unless initialised.
@@ -89,6 +95,7 @@ public:
 
 private:
     bool isInitialized() const;
+    details::WeightTable getTable() const;
 
     ovUInt32 _nbRows;
     ovUInt32 _nbColumns;

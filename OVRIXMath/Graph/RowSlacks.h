@@ -3,6 +3,7 @@
 #include <OVRIXMath/Graph/RowSet.h>
 #include <OVRIXMath/Types.h>
 
+#include <cassert>
 #include <vector>
 
 namespace ovrix
@@ -53,6 +54,7 @@ public:
     void remove(ovUInt32 row)
     {
         const ovUInt32 position = _position[row];
+        assert(position != s_none);
         _rows[position] = _rows.back();
         _slacks[position] = _slacks.back();
         _position[_rows[position]] = position;

@@ -87,8 +87,7 @@ bool areSumsExact(const double* weights, std::size_t count, double magnitude)
     if (magnitude == 0.0)
         return true;
     const double unitsPerWeight = std::ldexp(1.0, 49 - std::ilogb(magnitude));
-    return unitsPerWeight > 0.0 && unitsPerWeight < g_infinity &&
-           runKernel<AreMultiples>(weights, count, unitsPerWeight);
+    return unitsPerWeight < g_infinity && runKernel<AreMultiples>(weights, count, unitsPerWeight);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include <atomic>
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 #include <support/AllocationCount.h>
@@ -8,15 +9,15 @@ namespace
 
 std::atomic<std::size_t> g_nbAllocations{0};
 std::atomic<std::size_t> g_largestAllocation{0};
-std::atomic<long> g_nbUntilFailure{-1}; // below 0 when no failure is asked for
+std::atomic<std::ptrdiff_t> g_nbUntilFailure{-1}; ///< allocations before the one that fails; negative for none
 
-/// Takes memory and counts it; null where there is none.
+/// Takes memory and counts it; null where there is none, or is to be none.
 void* allocate(std::size_t size)
 {
-    g_nbAllocations.fetch_add(1, std::memory_order_relaxed);
     if (g_nbUntilFailure.load(std::memory_order_relaxed) >= 0 &&
         g_nbUntilFailure.fetch_sub(1, std::memory_order_relaxed) == 0)
         return nullptr;
+    g_nbAllocations.fetch_add(1, std::memory_order_relaxed);
     std::size_t largest = g_largestAllocation.load(std::memory_order_relaxed);
     while (size > largest && !g_largestAllocation.compare_exchange_weak(largest, size, std::memory_order_relaxed))
         ;
@@ -70,7 +71,7 @@ void ovrix::test::resetLargestAllocation()
 
 ovrix::test::FailingAllocation::FailingAllocation(std::size_t nbBefore)
 {
-    g_nbUntilFailure.store(static_cast<long>(nbBefore), std::memory_order_relaxed);
+    g_nbUntilFailure.store(static_cast<std::ptrdiff_t>(nbBefore), std::memory_order_relaxed);
 }
 
 ovrix::test::FailingAllocation::~FailingAllocation()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <new>
 
 namespace ovrix
 {
@@ -18,19 +19,6 @@ std::size_t getLargestAllocation();
 
 void resetLargestAllocation();
 
-/// While it stands, one call of `operator new` finds no memory: the one behind the next `nbBefore` calls.
-class FailingAllocation
-{
-public:
-    explicit FailingAllocation(std::size_t nbBefore);
-    ~FailingAllocation();
-    FailingAllocation(const FailingAllocation&) = delete;
-    FailingAllocation& operator=(const FailingAllocation&) = delete;
-
-    /// Whether that call has come.
-    bool hasFailed() const;
-};
-
 /// Allocations of the second of two calls.
 template <class Call>
 std::size_t countSteadyAllocations(Call&& call)
@@ -39,6 +27,49 @@ std::size_t countSteadyAllocations(Call&& call)
     const std::size_t nbBefore = getNbAllocations();
     call();
     return getNbAllocations() - nbBefore;
+}
+
+/// While one of these lives, a single allocation fails: `operator new` throws std::bad_alloc, or gives null.
+class FailingAllocation
+{
+public:
+    /// @param nbBefore allocations from now on that still succeed
+    explicit FailingAllocation(std::size_t nbBefore);
+
+    FailingAllocation(const FailingAllocation&) = delete;
+    FailingAllocation& operator=(const FailingAllocation&) = delete;
+
+    ~FailingAllocation();
+
+    /// Whether that allocation has come.
+    bool hasFailed() const;
+};
+
+/// Calls a function on an object with the first of its allocations failing, on another such object with the second, and
+/// so on until none fails.
+///
+/// @param make gives the object
+/// @param call is called with the object, and lets std::bad_alloc pass
+/// @param check is called with the object after each failure
+/// @return number of failures
+template <class Make, class Call, class Check>
+std::size_t failEachAllocation(const Make& make, const Call& call, const Check& check)
+{
+    for (std::size_t nbFailures = 0;; ++nbFailures)
+    {
+        auto object = make();
+        try
+        {
+            const FailingAllocation failing(nbFailures);
+            call(object);
+            if (!failing.hasFailed())
+                return nbFailures;
+        }
+        catch (const std::bad_alloc&)
+        {
+            check(object);
+        }
+    }
 }
 
 } // namespace test

@@ -75,7 +75,7 @@ TEST(DistanceBounds, AreCloseToTheDistance)
     const DistanceBounds bounds(16);
     EXPECT_LT(bounds.getUpper(4.0), 2.0 * (1.0 + 1e-14));
     EXPECT_GT(bounds.getLower(4.0), 2.0 * (1.0 - 1e-14));
-    EXPECT_LT(bounds.getLimit(2.0), 2.0 * (1.0 + 1e-13));
+    EXPECT_LT(bounds.getClearBound(2.0), 2.0 * (1.0 + 1e-13));
 }
 
 TEST(DistanceBounds, ALowerBoundIsNeverBelowZero)
@@ -101,7 +101,7 @@ TEST(DistanceBounds, BeyondTheLimitTheComputedSquareIsLarger)
                 coordinate *= 1.0 + std::ldexp(static_cast<double>(generator() % 64), -50);
             const double squareA = computedSquare(a, origin);
             const double squareB = computedSquare(b, origin);
-            if (bounds.getLimit(bounds.getUpper(squareA)) < bounds.getLower(squareB))
+            if (bounds.getClearBound(bounds.getUpper(squareA)) < bounds.getLower(squareB))
             {
                 ++nbToldApart;
                 EXPECT_LT(squareA, squareB);

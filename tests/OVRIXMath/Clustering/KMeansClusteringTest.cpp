@@ -4,12 +4,15 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <iostream>
 #include <limits>
 #include <random>
 #include <sstream>
 #include <support/AllocationCount.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/FlushedLines.h>
+#include <support/HeaderExample.h>
 #include <support/LogCapture.h>
 #include <support/PlainKMeans.h>
 #include <support/Tables.h>
@@ -145,6 +148,7 @@ TEST(KMeansClustering, OfEqualPopulationsTheHigherFormerLabelComesFirst)
 {
     // Two clusters of two: the first seed, label 0 while computing, ends as label 1.
     const VectorColl data = makeDataSet({{0.0}, {1.0}, {10.0}, {11.0}});
+    int nbCompared = 0;
     for (unsigned int seed = 0; seed < 20; ++seed)
     {
         RandomUniformGenerator::getGen().seed(seed);
@@ -152,12 +156,14 @@ TEST(KMeansClustering, OfEqualPopulationsTheHigherFormerLabelComesFirst)
         generateKMeansPPInit(2, data, seeds);
         if ((seeds[0][0] < 5.0) == (seeds[1][0] < 5.0))
             continue;
+        ++nbCompared;
         RandomUniformGenerator::getGen().seed(seed);
         KMeansClustering clustering;
         clustering.setConfig(makeConfig(1, 100));
         ASSERT_TRUE(clustering.compute(2, data));
         EXPECT_EQ(clustering.getClusterCenter(1)[0], seeds[0][0] < 5.0 ? 0.5 : 10.5);
     }
+    EXPECT_GT(nbCompared, 5);
 }
 
 TEST(KMeansClustering, LabelsNewSamplesByTheNearestCenter)
@@ -343,6 +349,26 @@ TEST(KMeansClustering, FurtherAttemptsAllocateNothing)
     EXPECT_EQ(countAllocations(20), countAllocations(1));
 }
 
+TEST(KMeansClustering, IsNotDoneAfterWantOfMemory)
+{
+    const KMeansClustering done = computed(2, g_data);
+    const std::size_t nbFailures =
+        test::failEachAllocation([&] { return done; },
+                                 [](KMeansClustering& clustering)
+                                 {
+                                     RandomUniformGenerator::getGen().seed(1);
+                                     clustering.compute(2, g_data);
+                                 },
+                                 [](KMeansClustering& clustering)
+                                 {
+                                     EXPECT_FALSE(clustering.isClusteringDone());
+                                     EXPECT_EQ(clustering.computeAssignment(g_data[0]), NumericLimits<ovUInt32>::s_max);
+                                     EXPECT_TRUE(clustering.compute(2, g_data));
+                                     EXPECT_THAT(clustering.getAssignments(), ElementsAre(1, 0, 0, 1, 0));
+                                 });
+    EXPECT_GT(nbFailures, 20u);
+}
+
 TEST(KMeansClustering, GivesWhatThePlainMethodGivesOnMeasurements)
 {
     for (const char* name : {"iris.csv", "wine.csv"})
@@ -391,6 +417,36 @@ TEST(KMeansClustering, PrintsSizesIndicesAndClusters)
     EXPECT_EQ(stream.str(), "Nb clusters=2\nNb input data=5\nData size=2\nNb failed attempts=0\nCompactness=4\n" +
                                 indices.str() + "ClusterIdx;Center;Population;StdDev\n" +
                                 "0;{0,1};3;0.816497\n1;{5,1};2;1\n");
+}
+
+TEST(KMeansClustering, PrintsFlushedLines)
+{
+    test::expectFlushedLines(KMeansClustering());
+    test::expectFlushedLines(computed(2, g_data));
+}
+
+TEST(KMeansClustering, TheHeadersExampleCompiles)
+{
+    const VectorColl& samples = g_data;
+    testing::internal::CaptureStdout();
+    KMeansClustering clustering;
+    if (clustering.compute(3, samples))
+        std::cout << clustering.getAssignments()[0] << " " << clustering.getCompactness() << std::endl;
+    EXPECT_NE(testing::internal::GetCapturedStdout(), "");
+    EXPECT_THAT(test::readCode(__FILE__),
+                testing::HasSubstr(test::readExample("OVRIXMath/Clustering/KMeansClustering.h")));
+}
+
+TEST(KMeansClustering, TheGuidesExampleCompiles)
+{
+    const VectorColl& samples = g_data;
+    testing::internal::CaptureStdout();
+    KMeansClustering clustering;
+    if (clustering.compute(3, samples))
+        std::cout << clustering;
+    EXPECT_NE(testing::internal::GetCapturedStdout(), "");
+    for (const std::string& example : test::readGuideExamples("docs/guides/clustering.md"))
+        EXPECT_THAT(test::readCode(__FILE__), testing::HasSubstr(example));
 }
 
 } // namespace clustering

@@ -3,14 +3,17 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <iostream>
 #include <limits>
 #include <support/AllocationCount.h>
 #include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <support/Kernels.h>
 #include <support/PlainKernelKMeans.h>
 #include <support/RandomData.h>
+#include <tuple>
 
 namespace ovrix
 {
@@ -453,6 +456,73 @@ TEST(KernelKMeansCentroid, ReplacingMembersAndFillingAgainTakesNoMemory)
     fillAgain();
     EXPECT_EQ(test::getNbAllocations(), nbBefore);
     EXPECT_EQ(centroid.getDictionarySize(), 20u);
+}
+
+TEST(KernelKMeansCentroid, WantOfMemoryChangesNothing)
+{
+    using Centroid = KernelKMeansCentroid<RadialBasisKernel>;
+    const auto stateOf = [](const Centroid& centroid)
+    {
+        return std::make_tuple(toStd(centroid.getDictionary()), centroid.getWeights(), centroid.getNbSamples(),
+                               centroid.getClusterTerm());
+    };
+    const auto expectAllOrNothing = [&](const Centroid& before, const auto& call)
+    {
+        Centroid after = before;
+        call(after);
+        return test::failEachAllocation([&] { return before; }, call,
+                                        [&](Centroid& centroid)
+                                        {
+                                            EXPECT_EQ(stateOf(centroid), stateOf(before));
+                                            call(centroid);
+                                            EXPECT_EQ(stateOf(centroid), stateOf(after));
+                                        });
+    };
+    // A dictionary that grows, then one that is full; a copy has no memory to spare.
+    const VectorColl samples = test::RandomData(4).dataSet(30, 5, -1.0, 1.0);
+    std::size_t nbFailures = 0;
+    Centroid centroid(RadialBasisKernel(1.5));
+    centroid.setMaxDictionarySize(6);
+    for (const Vector& sample : samples)
+    {
+        const Centroid copy = centroid;
+        nbFailures += expectAllOrNothing(copy, [&](Centroid& target) { target.addSample(sample); });
+        nbFailures += expectAllOrNothing(copy, [](Centroid& target) { target.updateMinStrength(); });
+        nbFailures += expectAllOrNothing(copy, [](Centroid& target) { target.clear(); });
+        centroid.addSample(sample);
+    }
+    EXPECT_EQ(centroid.getDictionarySize(), 6u);
+    EXPECT_GT(nbFailures, 100u);
+}
+
+TEST(KernelKMeansCentroid, CanBeClearedAfterAnAssignmentForWantOfMemory)
+{
+    const LinearCentroid source = makeLinearCentroid(g_weakAndStrong);
+    const std::size_t nbFailures = test::failEachAllocation(
+        [] { return makeLinearCentroid(makeDataSet({{5.0}})); }, [&](LinearCentroid& centroid) { centroid = source; },
+        [&](LinearCentroid& centroid)
+        {
+            centroid.clear();
+            centroid.addSample(makeVector({3.0, 4.0}));
+            EXPECT_THAT(centroid.getWeights(), ElementsAre(1.0));
+            EXPECT_EQ(centroid.getClusterTerm(), 25.0);
+            centroid = source;
+            EXPECT_EQ(toStd(centroid.getDictionary()), toStd(source.getDictionary()));
+        });
+    EXPECT_GT(nbFailures, 2u);
+}
+
+TEST(KernelKMeansCentroid, TheHeadersExampleCompiles)
+{
+    const VectorColl samples = test::RandomData(4).dataSet(10, 2, -1.0, 1.0);
+    testing::internal::CaptureStdout();
+    KernelKMeansCentroid<RadialBasisKernel> centroid(RadialBasisKernel::createKernel(0.5));
+    for (const Vector& sample : samples)
+        centroid.addSample(sample);
+    std::cout << centroid.distance(samples[0]) << " " << centroid.getDictionarySize() << std::endl;
+    EXPECT_NE(testing::internal::GetCapturedStdout(), "");
+    EXPECT_THAT(test::readCode(__FILE__),
+                testing::HasSubstr(test::readExample("OVRIXMath/Clustering/KernelKMeansCentroid.h")));
 }
 
 TEST(KernelKMeansCentroid, DistancesTakeNoMemory)

@@ -12,6 +12,7 @@
 #include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/FlushedLines.h>
 #include <support/HeaderExample.h>
 #include <support/Kernels.h>
 #include <support/LogCapture.h>
@@ -448,6 +449,32 @@ TEST(KernelKMeansClustering, PrintsSizesAndClusters)
     stream << linearComputed(2, g_data);
     EXPECT_EQ(stream.str(), "Nb clusters=2\nNb input data=5\nData size=2\nNb failed attempts=0\nSeparation=4.5\n"
                             "ClusterIdx;Population;DictionarySize\n0;3;2\n1;2;2\n");
+}
+
+TEST(KernelKMeansClustering, PrintsFlushedLines)
+{
+    test::expectFlushedLines(KernelKMeansClustering<LinearKernel>(LinearKernel::createKernel()));
+    test::expectFlushedLines(linearComputed(2, g_data));
+}
+
+TEST(KernelKMeansClustering, IsNotDoneAfterWantOfMemory)
+{
+    const KernelKMeansClustering<LinearKernel> done = linearComputed(2, g_data);
+    const std::size_t nbFailures =
+        test::failEachAllocation([&] { return done; },
+                                 [](KernelKMeansClustering<LinearKernel>& clustering)
+                                 {
+                                     RandomUniformGenerator::getGen().seed(1);
+                                     clustering.compute(2, g_data);
+                                 },
+                                 [](KernelKMeansClustering<LinearKernel>& clustering)
+                                 {
+                                     EXPECT_FALSE(clustering.isClusteringDone());
+                                     EXPECT_EQ(clustering.computeAssignment(g_data[0]), NumericLimits<ovUInt32>::s_max);
+                                     EXPECT_TRUE(clustering.compute(2, g_data));
+                                     EXPECT_THAT(clustering.getAssignments(), ElementsAre(1, 0, 0, 1, 0));
+                                 });
+    EXPECT_GT(nbFailures, 50u);
 }
 
 TEST(KernelKMeansClustering, TheHeadersExampleCompiles)

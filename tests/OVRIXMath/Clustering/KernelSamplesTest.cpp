@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <new>
+#include <support/AllocationCount.h>
 #include <support/Bits.h>
 #include <support/Kernels.h>
 #include <support/RandomData.h>
@@ -85,35 +87,47 @@ TYPED_TEST(KernelSamplesTest, SingleValuesAreThoseOfTheKernel)
     EXPECT_EQ(samples.getSelfValue(2), this->kernel(data[2]));
 }
 
-TYPED_TEST(KernelSamplesTest, KeepsAsManyRowsAsThereIsRoom)
+TYPED_TEST(KernelSamplesTest, CachesAsManyRowsAsThereIsRoom)
 {
     const VectorColl data = this->makeData(10, 2);
     KernelSamples<TypeParam> samples(this->kernel, data, 29);
-    EXPECT_EQ(samples.findRow(3), nullptr);
-    const double* const row = samples.keepRow(3);
+    EXPECT_EQ(samples.findCachedRow(3), nullptr);
+    const double* const row = samples.cacheRow(3);
     ASSERT_NE(row, nullptr);
     this->expectRow(data[3], data, 0, 10, row);
-    EXPECT_FALSE(samples.isFull());
-    EXPECT_NE(samples.keepRow(4), nullptr);
-    EXPECT_TRUE(samples.isFull());
-    EXPECT_EQ(samples.keepRow(5), nullptr);
-    EXPECT_EQ(samples.keepRow(3), row);
-    EXPECT_EQ(samples.findRow(3), row);
+    EXPECT_FALSE(samples.isCacheFull());
+    EXPECT_NE(samples.cacheRow(4), nullptr);
+    EXPECT_TRUE(samples.isCacheFull());
+    EXPECT_EQ(samples.cacheRow(5), nullptr);
+    EXPECT_EQ(samples.cacheRow(3), row);
+    EXPECT_EQ(samples.findCachedRow(3), row);
 }
 
-TYPED_TEST(KernelSamplesTest, MakesRoomByForgettingRows)
+TYPED_TEST(KernelSamplesTest, LosesNoRoomForWantOfMemory)
+{
+    const VectorColl data = this->makeData(10, 2);
+    KernelSamples<TypeParam> samples(this->kernel, data, 10);
+    {
+        const test::FailingAllocation failing(0);
+        EXPECT_THROW(samples.cacheRow(3), std::bad_alloc);
+    }
+    EXPECT_EQ(samples.findCachedRow(3), nullptr);
+    EXPECT_NE(samples.cacheRow(4), nullptr);
+}
+
+TYPED_TEST(KernelSamplesTest, MakesRoomByEvictingRows)
 {
     const VectorColl data = this->makeData(10, 2);
     KernelSamples<TypeParam> samples(this->kernel, data, 20);
-    const double* const row = samples.keepRow(3);
-    samples.keepRow(4);
+    const double* const row = samples.cacheRow(3);
+    samples.cacheRow(4);
     std::vector<bool> bWanted(10, false);
     bWanted[3] = true;
-    samples.keepOnly(bWanted);
-    EXPECT_EQ(samples.findRow(3), row);
-    EXPECT_EQ(samples.findRow(4), nullptr);
-    EXPECT_NE(samples.keepRow(5), nullptr);
-    EXPECT_TRUE(samples.isFull());
+    samples.evictAllBut(bWanted);
+    EXPECT_EQ(samples.findCachedRow(3), row);
+    EXPECT_EQ(samples.findCachedRow(4), nullptr);
+    EXPECT_NE(samples.cacheRow(5), nullptr);
+    EXPECT_TRUE(samples.isCacheFull());
 }
 
 TYPED_TEST(KernelSamplesTest, OfNothingHasNoRoom)
@@ -121,7 +135,7 @@ TYPED_TEST(KernelSamplesTest, OfNothingHasNoRoom)
     const VectorColl data;
     const KernelSamples<TypeParam> samples(this->kernel, data, 100);
     EXPECT_EQ(samples.size(), 0u);
-    EXPECT_TRUE(samples.isFull());
+    EXPECT_TRUE(samples.isCacheFull());
 }
 
 } // namespace details

@@ -9,9 +9,11 @@
 #include <cmath>
 #include <limits>
 #include <sstream>
+#include <support/AllocationCount.h>
 #include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
+#include <support/FlushedLines.h>
 #include <support/HeaderExample.h>
 #include <support/Kernels.h>
 #include <support/PlainKernelKMeans.h>
@@ -288,6 +290,57 @@ TEST(SpectralClustering, PrintsTheClusteringOfTheRows)
     inner << clustering.getClusteringAlgorithm();
     EXPECT_EQ(stream.str(), inner.str());
     EXPECT_THAT(stream.str(), testing::HasSubstr("Nb clusters=2\nNb input data=3\nData size=2\n"));
+}
+
+TEST(SpectralClustering, PrintsFlushedLines)
+{
+    test::expectFlushedLines(SpectralClustering<LinearKernel>(LinearKernel::createKernel()));
+    test::expectFlushedLines(computed(RadialBasisKernel(2.0), 2, g_data));
+}
+
+TEST(SpectralClustering, IsNotDoneAfterWantOfMemory)
+{
+    const SpectralClustering<RadialBasisKernel> done = computed(RadialBasisKernel(2.0), 2, g_data);
+    const std::size_t nbFailures =
+        test::failEachAllocation([&] { return done; },
+                                 [](SpectralClustering<RadialBasisKernel>& clustering)
+                                 {
+                                     RandomUniformGenerator::getGen().seed(1);
+                                     clustering.compute(2, g_data);
+                                 },
+                                 [](SpectralClustering<RadialBasisKernel>& clustering)
+                                 {
+                                     EXPECT_FALSE(clustering.isClusteringDone());
+                                     EXPECT_TRUE(clustering.compute(2, g_data));
+                                     EXPECT_THAT(clustering.getAssignments(), ElementsAre(1, 0, 0, 1, 0));
+                                 });
+    EXPECT_GT(nbFailures, 50u);
+}
+
+TEST(SpectralClustering, AnAssignmentIsAllOrNothing)
+{
+    const SpectralClustering<RadialBasisKernel> source = computed(RadialBasisKernel(9.0), 3, g_data);
+    const SpectralClustering<RadialBasisKernel> target = computed(RadialBasisKernel(2.0), 2, g_data);
+    const std::size_t nbFailures = test::failEachAllocation(
+        [&] { return target; }, [&](SpectralClustering<RadialBasisKernel>& clustering) { clustering = source; },
+        [](const SpectralClustering<RadialBasisKernel>& clustering)
+        {
+            EXPECT_EQ(clustering.getKernel().getSigma(), 2.0);
+            EXPECT_EQ(clustering.getEigenValues().size(), 2u);
+            EXPECT_EQ(clustering.getEigenVectors().size2(), 2u);
+            EXPECT_THAT(clustering.getAssignments(), ElementsAre(1, 0, 0, 1, 0));
+            EXPECT_EQ(clustering.computeAssignment(g_data[0]), 1u);
+        });
+    EXPECT_GT(nbFailures, 10u);
+}
+
+TEST(SpectralClustering, AnAssignmentKeepsTheClusteringOfTheRowsInItsPlace)
+{
+    SpectralClustering<RadialBasisKernel> clustering(RadialBasisKernel(9.0));
+    const KernelKMeansClustering<RadialBasisKernel>& ofRows = clustering.getClusteringAlgorithm();
+    clustering = computed(RadialBasisKernel(2.0), 2, g_data);
+    EXPECT_EQ(&clustering.getClusteringAlgorithm(), &ofRows);
+    EXPECT_EQ(ofRows.getNbClusters(), 2u);
 }
 
 TEST(SpectralClustering, TheHeadersExampleCompiles)

@@ -1,3 +1,4 @@
+#include <OVRIXMath/Clustering/ClusteringUtils.h>
 #include <OVRIXMath/Clustering/ValidityIndex.h>
 
 #include <gtest/gtest.h>
@@ -8,8 +9,11 @@
 #include <limits>
 #include <random>
 #include <support/AllocationCount.h>
+#include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/PlainKMeans.h>
+#include <support/PlainValidity.h>
+#include <support/RandomData.h>
 #include <support/Tables.h>
 
 namespace ovrix
@@ -73,6 +77,32 @@ void expectPlainDunns(unsigned int nbRepeats, std::size_t maxNbSamples, std::siz
         for (std::size_t i = 0; i < data.size(); ++i)
             labels[i] = std::floor(4.0 * data[i][0]) > 0.0 ? static_cast<ovUInt32>(std::min(7.0, 4.0 * data[i][0])) : 0;
         expectPlainDunn(data, labels);
+    }
+}
+
+/// Expects all indices but Dunn's to the bit on random partitions, some with empty clusters or samples without a label,
+/// around their means or other centres.
+void expectPlainIndices(double shift)
+{
+    test::RandomData random(1);
+    for (int repeat = 0; repeat < 200 && !testing::Test::HasFailure(); ++repeat)
+    {
+        const std::size_t dimension = random.integer(1, 6);
+        const ovUInt32 nbClusters = random.integer(1, 7);
+        const VectorColl data = random.dataSet(random.integer(2, 120), dimension, shift - 1.0, shift + 1.0);
+        UInt32Vector labels(data.size());
+        for (ovUInt32& label : labels)
+            label = random.integer(0, 20) == 0 ? NumericLimits<ovUInt32>::s_max : random.integer(0, nbClusters - 1);
+        VectorColl centers = random.dataSet(nbClusters, dimension, shift - 1.0, shift + 1.0);
+        if (random.integer(0, 1) == 0)
+            computeClustersCenters(nbClusters, data, labels, centers);
+        const auto actual = [&](eValidityIndexType type)
+        { return test::bitsOf(computeValidityIndex(centers, data, labels, type)); };
+        const test::PlainValidity plain{centers, data, labels};
+        EXPECT_EQ(actual(eVIT_DaviesBouldin), test::bitsOf(plain.daviesBouldin()));
+        EXPECT_EQ(actual(eVIT_RMSStd), test::bitsOf(plain.rmsStd()));
+        EXPECT_EQ(actual(eVIT_RS), test::bitsOf(plain.rSquared()));
+        EXPECT_EQ(actual(eVIT_SD), test::bitsOf(plain.sd()));
     }
 }
 
@@ -285,7 +315,7 @@ TEST(ValidityIndex, RMSStdIsZeroWithoutFreedom)
     EXPECT_EQ(computeValidityIndex(VectorColl(), VectorColl(), UInt32Vector(), eVIT_RMSStd), 0.0);
 }
 
-TEST(ValidityIndex, RMSStdOfNoSampleIsZeroOverTheWrappedCounts)
+TEST(ValidityIndex, RMSStdOfNoSampleIsZero)
 {
     EXPECT_EQ(computeValidityIndex(g_centers, VectorColl(), UInt32Vector(), eVIT_RMSStd), 0.0);
 }
@@ -366,6 +396,13 @@ TEST(ValidityIndex, SamplesWithoutACenterAddNothingToTheScatters)
     }
     EXPECT_TRUE(std::isfinite(computeValidityIndex(g_centers, g_data, labels, eVIT_RS)));
     EXPECT_TRUE(std::isfinite(computeValidityIndex(g_centers, g_data, labels, eVIT_SD)));
+}
+
+TEST(ValidityIndex, AllSumsRunInTheOrderOfTheirIndices)
+{
+    // Far from the origin nearly all sums are rounded.
+    for (const double shift : {0.0, 1e8})
+        expectPlainIndices(shift);
 }
 
 TEST(ValidityIndex, AnUnknownTypeCountsAsDunn)

@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <iostream>
 #include <limits>
 #include <random>
+#include <support/AllocationCount.h>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <support/PlainMatch.h>
 
 namespace ovrix
@@ -234,6 +237,39 @@ TEST(BipartitePartialMatch, AThresholdThatIsNotANumberMatchesNobody)
     const BipartitePartialMatch match = solved({{1.0, 2.0}}, std::numeric_limits<double>::quiet_NaN());
     EXPECT_THAT(match.getRowAssignments(), Each(U));
     EXPECT_THAT(match.getColumnAssignments(), Each(U));
+}
+
+TEST(BipartitePartialMatch, IsNotSolvedAfterWantOfMemory)
+{
+    const std::size_t nbFailures = test::failEachAllocation(
+        [] {
+            return solved({{1.0, 5.0}, {4.0, 2.0}, {3.0, 6.0}}, 0.0);
+        },
+        [](BipartitePartialMatch& match) { match.solve(); },
+        [](BipartitePartialMatch& match)
+        {
+            EXPECT_FALSE(match.isSolved());
+            match.solve();
+            EXPECT_THAT(match.getRowAssignments(), ElementsAre(U, 0, 1));
+        });
+    EXPECT_GT(nbFailures, 10u);
+}
+
+TEST(BipartitePartialMatch, TheHeadersExampleCompiles)
+{
+    const Rows weights = {{0.1, 0.7, 0.2}, {0.9, 0.8, 0.1}};
+    testing::internal::CaptureStdout();
+    BipartitePartialMatch match;
+    match.init(2, 3, 0.5);
+    for (ovUInt32 row = 0; row < 2; ++row)
+        std::copy(weights[row].begin(), weights[row].end(), match.getWeights(row));
+    match.solve();
+    const ovUInt32 column = match.getRowAssignments()[0];
+    if (column != BipartitePartialMatch::getUnAssignedValue())
+        std::cout << "row 0 goes with column " << column << std::endl;
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "row 0 goes with column 1\n");
+    EXPECT_THAT(test::readCode(__FILE__),
+                testing::HasSubstr(test::readExample("OVRIXMath/Graph/BipartitePartialMatch.h")));
 }
 
 TEST(BipartitePartialMatch, FollowsTheStepsOnRandomTables)

@@ -11,6 +11,7 @@
 #include <random>
 #include <support/AllocationCount.h>
 #include <support/ExpectFailure.h>
+#include <support/HeaderExample.h>
 #include <support/PlainMunkres.h>
 #include <utility>
 
@@ -357,10 +358,15 @@ TEST(Munkres, SolvesAnewFromTheWeights)
 
 TEST(Munkres, TheSumRunsInTheOrderOfTheRows)
 {
-    Munkres munkres = solved({{1.0, 0.0, 0.0}, {0.0, 1e100, 0.0}, {0.0, 0.0, -1e100}});
-    EXPECT_THAT(munkres.getAssignments(), ElementsAre(2, 1, 0));
-    Munkres diagonal = solved({{1.0, -1e100}, {-1e100, 1e17}});
-    EXPECT_EQ(diagonal.getTotalWeigth(), (0.0 + 1.0) + 1e17);
+    // Each 1 gets lost behind 1e16; before it they would add up to 2, which does not.
+    Munkres munkres = solved({{1e16, -1e17, -1e17}, {-1e17, 1.0, -1e17}, {-1e17, -1e17, 1.0}});
+    EXPECT_THAT(munkres.getAssignments(), ElementsAre(0, 1, 2));
+    EXPECT_EQ(munkres.getTotalWeigth(), 1e16);
+}
+
+TEST(Munkres, TheSumStartsFromZero)
+{
+    EXPECT_FALSE(std::signbit(solved({{-0.0}}).getTotalWeigth()));
 }
 
 TEST(Munkres, HasTheLargestSumOfAllAssignmentsOnSmallTables)
@@ -484,6 +490,40 @@ TEST(Munkres, TakesLittleMemoryForATableOfOneLongRow)
     munkres.solve();
     EXPECT_EQ(munkres.getAssignments(), std::vector<ovUInt32>{777});
     EXPECT_LE(test::getLargestAllocation(), nbColumns * sizeof(double) + 4096);
+}
+
+TEST(Munkres, TakesAsMuchMemoryAtATimeForLargeTablesAsForSmallOnes)
+{
+    const auto countAllocations = [](ovUInt32 size, unsigned int nbValues)
+    {
+        std::mt19937 generator(size);
+        Munkres munkres;
+        fill(munkres, makeTable(size, size, [&](ovUInt32, ovUInt32) { return 0.1 * (generator() % nbValues); }));
+        const std::size_t nbBefore = test::getNbAllocations();
+        munkres.solve();
+        return test::getNbAllocations() - nbBefore;
+    };
+    for (const unsigned int nbValues : {2u, 100u, 1000000u})
+    {
+        EXPECT_EQ(countAllocations(200, nbValues), countAllocations(100, nbValues)) << nbValues;
+        EXPECT_EQ(countAllocations(400, nbValues), countAllocations(100, nbValues)) << nbValues;
+    }
+}
+
+TEST(Munkres, IsNotSolvedAfterWantOfMemory)
+{
+    const std::size_t nbFailures = test::failEachAllocation(
+        [] {
+            return solved({{1.0, 2.0}, {3.0, 4.0}});
+        },
+        [](Munkres& munkres) { munkres.solve(); },
+        [](Munkres& munkres)
+        {
+            EXPECT_FALSE(munkres.isSolved());
+            munkres.solve();
+            EXPECT_EQ(munkres.getTotalWeigth(), 5.0);
+        });
+    EXPECT_GT(nbFailures, 10u);
 }
 
 TEST(Munkres, KeepsTheStepsChoiceOnTinyWeights)
@@ -630,6 +670,39 @@ TEST(Munkres, KeepsTheStepsChoiceOnKnownTables)
     expectPlainAssignment(readTable("assign100.txt", 1.0));
     expectPlainAssignment(readTable("assign100.txt", -1.0));
     expectPlainAssignment(readTable("assign500.txt", -1.0));
+}
+
+TEST(Munkres, TheHeadersExampleCompiles)
+{
+    const std::vector<std::vector<double>> weights = {{1.0, 5.0, 3.0}, {2.0, 9.0, 1.0}};
+    Munkres munkres;
+    munkres.init(2, 3);
+    for (ovUInt32 row = 0; row < 2; ++row)
+        std::copy(weights[row].begin(), weights[row].end(), munkres.getWeights(row));
+    munkres.solve();
+    const std::vector<ovUInt32>& columnOfEachRow = munkres.getAssignments();
+    EXPECT_THAT(columnOfEachRow, ElementsAre(2, 1));
+    EXPECT_THAT(test::readCode(__FILE__), testing::HasSubstr(test::readExample("OVRIXMath/Graph/Munkres.h")));
+}
+
+TEST(Munkres, TheGuidesExampleCompiles)
+{
+    const ovUInt32 nbRows = 2;
+    const ovUInt32 nbColumns = 3;
+    const auto cost = [](ovUInt32 row, ovUInt32 column) { return column == row + 1 ? 1.0 : 2.0; };
+    Munkres munkres;
+    munkres.init(nbRows, nbColumns); // nbRows <= nbColumns
+    for (ovUInt32 row = 0; row < nbRows; ++row)
+    {
+        double* const weights = munkres.getWeights(row);
+        for (ovUInt32 column = 0; column < nbColumns; ++column)
+            weights[column] = -cost(row, column);
+    }
+    munkres.solve();
+    const std::vector<ovUInt32>& columnOfEachRow = munkres.getAssignments();
+    EXPECT_THAT(columnOfEachRow, ElementsAre(1, 2));
+    for (const std::string& example : test::readGuideExamples("docs/guides/assignment.md"))
+        EXPECT_THAT(test::readCode(__FILE__), testing::HasSubstr(example));
 }
 
 } // namespace math
