@@ -33,13 +33,28 @@ void* operator new(std::size_t size)
     throw std::bad_alloc();
 }
 
-// A sanitizer brings its own of these, whose memory does not come from malloc.
+// A sanitizer brings its own of all forms below, which would neither be counted nor fail.
+void* operator new[](std::size_t size)
+{
+    return operator new(size);
+}
+
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     return allocate(size);
 }
 
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
+{
+    return allocate(size);
+}
+
 void operator delete(void* pMemory, const std::nothrow_t&) noexcept
+{
+    std::free(pMemory);
+}
+
+void operator delete[](void* pMemory, const std::nothrow_t&) noexcept
 {
     std::free(pMemory);
 }
@@ -50,6 +65,16 @@ void operator delete(void* pMemory) noexcept
 }
 
 void operator delete(void* pMemory, std::size_t) noexcept
+{
+    std::free(pMemory);
+}
+
+void operator delete[](void* pMemory) noexcept
+{
+    std::free(pMemory);
+}
+
+void operator delete[](void* pMemory, std::size_t) noexcept
 {
     std::free(pMemory);
 }
