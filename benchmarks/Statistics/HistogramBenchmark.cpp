@@ -14,6 +14,7 @@
 #include <numeric>
 #include <support/Comparison.h>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace ovrix
@@ -142,10 +143,11 @@ void midValues(benchmark::State& state, MakeSequence makeSequence)
         state, [&] { found = both.histogram.getBinMidValues(); },
         [&]
         {
-            foundByPeer.clear();
-            foundByPeer.reserve(g_nbElements);
+            std::vector<double> middles; // a new collection each time, as getBinMidValues() makes one
+            middles.reserve(g_nbElements);
             for (const auto& bin : both.peer.axis())
-                foundByPeer.push_back(bin.center());
+                middles.push_back(bin.center());
+            foundByPeer = std::move(middles);
         });
     // The peer takes shares of the whole range, which are rounded.
     const auto isClose = [](double value, double valueOfPeer)
