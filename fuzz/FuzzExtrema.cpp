@@ -25,12 +25,12 @@ using namespace math;
 /// The searches take 64 elements at once, filters up to 128.
 constexpr std::size_t g_nbMaxElements = 200;
 
-/// Runs of equal elements, mostly.
+/// Half of the sequences are short, so that there is time for many.
 template <class T>
 std::vector<T> readSequence(FuzzInput& input)
 {
     std::vector<T> values;
-    const std::size_t size = input.integer(0, g_nbMaxElements);
+    const std::size_t size = input.integer(0, input.flag() ? 24 : g_nbMaxElements);
     while (values.size() < size)
     {
         const std::size_t run =
@@ -110,14 +110,20 @@ void useSearches(FuzzInput& input, const std::vector<T>& values)
     filterExtrema(type, minDistance, threshold, ofRange, ranges);
 }
 
+/// Half of the numbers are ones that filters of integers meet.
+float readParameter(FuzzInput& input)
+{
+    return input.flag() ? input.number<float>() : float(input.integer(0, 6));
+}
+
 template <class T>
 void useFilters(FuzzInput& input, const std::vector<T>& values)
 {
     const bool bValleys = input.flag();
     const auto type = input.enumeration<eTopHat1DExtremumType>(4);
-    const auto width = input.number<float>();
-    const auto step = input.number<float>();
-    const auto threshold = input.number<float>();
+    const float width = readParameter(input);
+    const float step = readParameter(input);
+    const float threshold = readParameter(input);
     std::vector<int> indices;
     const ovUInt32 nbRuns = tophatThreshold1D(values, bValleys, type, width, step, threshold, indices);
     const float reach = width / step;
@@ -127,7 +133,7 @@ void useFilters(FuzzInput& input, const std::vector<T>& values)
     require(indices == test::findPlainly(values, bValleys, plainType, r, threshold),
             "runs are those of a plain search");
 
-    const auto sigma = input.number<float>();
+    const float sigma = readParameter(input);
     const std::vector<float> smooth = gaussianSmoothing1D(values, sigma);
     if (sigma >= 0.0f && sigma < 1000.0f)
         require(areSame(smooth, test::smoothPlainly(values, sigma)), "the sequence is smoothed as by plain sums");

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <type_traits>
 #include <vector>
@@ -31,14 +32,18 @@ inline bool isTame(double value)
     return std::fabs(value) <= 16.0 && value * 8.0 == std::trunc(value * 8.0);
 }
 
-/// Reads numbers from the bytes of an input, and zeros behind their end.
+/// Reads numbers from the bytes of an input.
+///
+/// The first byte says what comes behind their end: zeros for 0, else the numbers of a small generator, so that short
+/// inputs make data of any size that are not all alike. It also is the seed of the toolkit's own generator, so that the
+/// input alone decides what follows.
 class FuzzInput
 {
 public:
-    /// Starts the toolkit's random generator from a seed of the input, so that the input alone decides what follows.
     FuzzInput(const std::uint8_t* pData, std::size_t size) : _pNext(pData), _pEnd(pData + size)
     {
-        RandomUniformGenerator::getGen().seed(bits<std::uint8_t>());
+        _filler = nextByte();
+        RandomUniformGenerator::getGen().seed(_filler);
     }
 
     /// A value of any bits.
@@ -46,11 +51,10 @@ public:
     T bits()
     {
         static_assert(std::is_arithmetic<T>::value && !std::is_same<T, bool>::value, "any bits are a value");
-        T value{};
-        const auto nbBytes = std::min<std::size_t>(sizeof value, static_cast<std::size_t>(_pEnd - _pNext));
-        if (nbBytes > 0)
-            std::memcpy(&value, _pNext, nbBytes);
-        _pNext += nbBytes;
+        std::uint8_t bytes[sizeof(T)];
+        std::generate(std::begin(bytes), std::end(bytes), [this] { return nextByte(); });
+        T value;
+        std::memcpy(&value, bytes, sizeof value);
         return value;
     }
 
@@ -70,12 +74,6 @@ public:
     Enumeration enumeration(int count)
     {
         return static_cast<Enumeration>(static_cast<int>(integer(0, static_cast<unsigned int>(count) + 1)) - 1);
-    }
-
-    /// A tame number, see isTame(); a single byte.
-    double tame()
-    {
-        return bits<std::int8_t>() / 8.0;
     }
 
     /// A number of any kind: three of four are small, so that they often coincide, the others are an end of the range or
@@ -123,8 +121,18 @@ public:
     }
 
 private:
+    std::uint8_t nextByte()
+    {
+        if (_pNext != _pEnd)
+            return *_pNext++;
+        // A linear congruential generator, see D. E. Knuth, "The Art of Computer Programming", volume 2, 3.3.4.
+        _filler = _filler == 0 ? 0 : _filler * 1664525u + 1013904223u;
+        return static_cast<std::uint8_t>(_filler >> 24);
+    }
+
     const std::uint8_t* _pNext;
     const std::uint8_t* const _pEnd;
+    std::uint32_t _filler = 0;
 };
 
 /// Ends the program with a text unless the condition holds.
