@@ -8,8 +8,8 @@
 #include <support/Matrices.h>
 #include <support/PlainEigen3.h>
 
-// The input is a matrix of up to 6 x 6 and what else the decompositions and solvers of one take. A matrix of tame numbers
-// is refused by none of them, and what they call a success solves the equations.
+// The input is a matrix of up to 6 x 6 and what else the decompositions and solvers of one take. A matrix of tame
+// numbers is refused by none of them, and what they call a success solves the equations.
 
 namespace ovrix
 {

@@ -14,8 +14,8 @@
 #include <support/LineEstimator.h>
 #include <support/MeanRobustEstimator.h>
 
-// The input is a model, a configuration and data. An estimation makes as many runs as it is asked for, so those that ask
-// for many are left out.
+// The input is a model, a configuration and data. An estimation makes as many runs as it is asked for, so those that
+// ask for many are left out.
 
 namespace ovrix
 {

@@ -18,8 +18,8 @@
 
 /// @file
 /// What the fuzz targets of the mathematics share: arguments made of the bytes of an input, and checks. An
-/// OVRIXMathException is what a refused argument ends in; anything else that is thrown ends the program, as does a check
-/// that fails.
+/// OVRIXMathException is what a refused argument ends in; anything else that is thrown ends the program, as does a
+/// check that fails.
 
 namespace ovrix
 {
@@ -76,8 +76,8 @@ public:
         return static_cast<Enumeration>(static_cast<int>(integer(0, static_cast<unsigned int>(count) + 1)) - 1);
     }
 
-    /// A number of any kind: three of four are small, so that they often coincide, the others are an end of the range or
-    /// any bits. Small ones are tame, and take a single byte.
+    /// A number of any kind: three of four are small, so that they often coincide, the others are an end of the range
+    /// or any bits. Small ones are tame, and take a single byte.
     template <class T = double>
     T number()
     {

@@ -59,8 +59,8 @@ struct Spatial
     }
 };
 
-/// Whether the inverse brings the point back, the two families numbering their kinds alike: no scale is 0, and the point is not mapped to infinity by a homography, nor
-/// by a matrix that is nearly singular.
+/// Whether the inverse brings the point back, the two families numbering their kinds alike: no scale is 0, and the
+/// point is not mapped to infinity by a homography, nor by a matrix that is nearly singular.
 template <class Family>
 bool isRegular(const typename Family::Base& transform, const typename Family::Base& inverse, int type,
                const std::vector<double>& point)
