@@ -141,7 +141,7 @@ void AssignmentSearch::computeFreeSlacks()
     {
         const ovUInt32 column = computeFreeSlack(row);
         if (column != s_none)
-            _freeTightEdges.push_back({column, row});
+            _freeTightEdges.emplace_back(column, row);
         if (_rowMate[row] == s_none && _freeSlack[row] < _leastFreeRowSlack)
             _leastFreeRowSlack = _freeSlack[row];
     }
@@ -269,7 +269,7 @@ AssignmentSearch::Edge AssignmentSearch::changeLabels()
         const ovUInt32 row = static_cast<ovUInt32>(next);
         if (_slacks.getSlack(row) != 0.0)
             continue;
-        const Edge edge{_slacks.getColumn(row), row};
+        const Edge edge(_slacks.getColumn(row), row);
         if (_rowMate[row] == s_none)
             return edge;
         const Edge end = visit(edge);
@@ -293,7 +293,7 @@ AssignmentSearch::Edge AssignmentSearch::visit(const Edge& edge)
     _visitedRowLabel.push_back(_rowLabel[row]);
     _visitedColumns.push_back(mate);
     _visitedColumnLabel.push_back(_matchedLabel[mate]);
-    return Edge{mate, relax(mate)};
+    return Edge(mate, relax(mate));
 }
 
 /// Lowers slacks to those of the column, and lists its tight edges. Gives the first free row with one, if any.
@@ -318,7 +318,7 @@ ovUInt32 AssignmentSearch::relax(ovUInt32 column)
         else if (!_listed.contains(row))
         {
             _listed.insert(row);
-            _tightEdges.push_back({column, row});
+            _tightEdges.emplace_back(column, row);
         }
     };
 

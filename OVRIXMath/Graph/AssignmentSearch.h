@@ -59,8 +59,8 @@ private:
     /// An edge, or none. In the order of the columns, and for each of the rows.
     struct Edge
     {
-        ovUInt32 column = s_none;
-        ovUInt32 row = s_none;
+        Edge() : column(s_none), row(s_none) {}
+        Edge(ovUInt32 columnIdx, ovUInt32 rowIdx) : column(columnIdx), row(rowIdx) {}
 
         bool exists() const
         {
@@ -71,6 +71,9 @@ private:
         {
             return column < other.column || (column == other.column && row < other.row);
         }
+
+        ovUInt32 column;
+        ovUInt32 row;
     };
 
     void copyByColumns();

@@ -126,17 +126,17 @@ ovReal64 BipartitePartialMatch::getThreshold() const
 
 double* BipartitePartialMatch::getWeights(ovUInt32 rowIdx)
 {
-    return const_cast<double*>(getTable().getRow(rowIdx));
+    return const_cast<double*>(details::WeightTable(_weights, _nbRows, _nbColumns).getRow(rowIdx));
 }
 
 const double* BipartitePartialMatch::getWeights(ovUInt32 rowIdx) const
 {
-    return getTable().getRow(rowIdx);
+    return details::WeightTable(_weights, _nbRows, _nbColumns).getRow(rowIdx);
 }
 
 double BipartitePartialMatch::getWeight(ovUInt32 rowIdx, ovUInt32 columnIdx) const
 {
-    return getTable().getWeight(rowIdx, columnIdx);
+    return details::WeightTable(_weights, _nbRows, _nbColumns).getWeight(rowIdx, columnIdx);
 }
 
 bool BipartitePartialMatch::isSolved() const
@@ -153,7 +153,7 @@ void BipartitePartialMatch::solve()
     Indices rowAssignments(_nbRows, getUnAssignedValue());
     Indices columnAssignments(_nbColumns, getUnAssignedValue());
 
-    const details::WeightTable table = getTable();
+    const details::WeightTable table(_weights, _nbRows, _nbColumns);
     const Candidates candidates = findCandidates(table, _nbRows, _nbColumns, _threshold);
     const Side rows{candidates.rows, rowAssignments};
     const Side columns{candidates.columns, columnAssignments};
@@ -180,12 +180,7 @@ const std::vector<ovUInt32>& BipartitePartialMatch::getColumnAssignments() const
 
 bool BipartitePartialMatch::isInitialized() const
 {
-    return getTable().isInitialized();
-}
-
-details::WeightTable BipartitePartialMatch::getTable() const
-{
-    return details::WeightTable(_weights, _nbRows, _nbColumns);
+    return !_weights.empty();
 }
 
 } // namespace math

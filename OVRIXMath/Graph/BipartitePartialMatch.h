@@ -11,11 +11,6 @@ namespace ovrix
 namespace math
 {
 
-namespace details
-{
-class WeightTable;
-}
-
 /// Partial matching of the rows and columns of a table of weights, where a weak pair is worse than none.
 ///
 /// Weights are maximised. A row or column takes part when one of its weights is above the threshold, strictly. The
@@ -101,7 +96,6 @@ public:
 
 private:
     bool isInitialized() const;
-    details::WeightTable getTable() const;
 
     ovUInt32 _nbRows;
     ovUInt32 _nbColumns;

@@ -42,17 +42,17 @@ ovUInt32 Munkres::getNbColumns() const
 
 double* Munkres::getWeights(ovUInt32 rowIdx)
 {
-    return const_cast<double*>(getTable().getRow(rowIdx));
+    return const_cast<double*>(details::WeightTable(_weights, _nbRows, _nbColumns).getRow(rowIdx));
 }
 
 const double* Munkres::getWeights(ovUInt32 rowIdx) const
 {
-    return getTable().getRow(rowIdx);
+    return details::WeightTable(_weights, _nbRows, _nbColumns).getRow(rowIdx);
 }
 
 double Munkres::getWeight(ovUInt32 rowIdx, ovUInt32 columnIdx) const
 {
-    return getTable().getWeight(rowIdx, columnIdx);
+    return details::WeightTable(_weights, _nbRows, _nbColumns).getWeight(rowIdx, columnIdx);
 }
 
 bool Munkres::isSolved() const
@@ -79,7 +79,7 @@ const std::vector<ovUInt32>& Munkres::getAssignments() const
 ovReal64 Munkres::getTotalWeigth()
 {
     OVRIXMATH_RAISE_UNLESS(isSolved(), eGraphMessage, 1);
-    const details::WeightTable table = getTable();
+    const details::WeightTable table(_weights, _nbRows, _nbColumns);
     ovReal64 total = 0.0;
     for (ovUInt32 row = 0; row < _nbRows; ++row)
         total += table(row, _assignments[row]);
@@ -88,12 +88,7 @@ ovReal64 Munkres::getTotalWeigth()
 
 bool Munkres::isInitialized() const
 {
-    return getTable().isInitialized();
-}
-
-details::WeightTable Munkres::getTable() const
-{
-    return details::WeightTable(_weights, _nbRows, _nbColumns);
+    return !_weights.empty();
 }
 
 } // namespace math

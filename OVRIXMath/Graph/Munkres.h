@@ -10,11 +10,6 @@ namespace ovrix
 namespace math
 {
 
-namespace details
-{
-class WeightTable;
-}
-
 /// Optimal assignment: gives each row of a table of weights a column of its own, so that the sum of the chosen weights
 /// is the largest possible.
 ///
@@ -95,7 +90,6 @@ public:
 
 private:
     bool isInitialized() const;
-    details::WeightTable getTable() const;
 
     ovUInt32 _nbRows;
     ovUInt32 _nbColumns;
