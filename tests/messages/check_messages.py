@@ -62,7 +62,7 @@ def find_used():
             named += [(domain, number) for domain in ("Transform2d", "Transform3d") for number in shared]
             if path.name == "NonLinearSolver.cpp":
                 named += [("Optimization", number) for number in re.findall(r"\{eOS_\w+, (\d+)\}", source)]
-            for call in re.finditer(r"\bOVRIXSERIALIZATION_RAISE_UNLESS\(", source):
+            for call in re.finditer(r"\b(?:OVRIXSERIALIZATION_RAISE_UNLESS|raiseFailure)\(", source):
                 arguments = read_arguments(source, call.end())
                 if len(arguments) > 1 and arguments[1].isdigit():
                     named.append(("OVRIXSerialization", arguments[1]))

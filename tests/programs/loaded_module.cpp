@@ -4,6 +4,7 @@
 #include <OVRIXMath/Geometry/3d/Transform/Transform3dFactory.h>
 #include <OVRIXMath/OVRIXMathException.h>
 #include <OVRIXSerialization/SerializableObject.h>
+#include <OVRIXUtil/DynamicRegistrator.h>
 
 #include <string>
 
@@ -12,7 +13,7 @@ namespace
 
 using namespace ovrix;
 
-class Loaded : public SerializableObject<Loaded, BaseSerializationObject>
+class Loaded : public UncopyableObject<Loaded, BaseSerializationObject>
 {
 private:
     friend SerializableAccess;

@@ -8,6 +8,7 @@
 #include <OVRIXSerialization/BinaryIArchive.h>
 #include <OVRIXSerialization/BinaryOArchive.h>
 #include <OVRIXSerialization/SerializationItem.h>
+#include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/make_shared.hpp>
 
@@ -32,6 +33,7 @@ bool fits()
         point(1) = i == 7 ? 100.0 : 6.0 * std::exp(-0.5 * (i - 4.0) * (i - 4.0) / 9.0);
         data.push_back(point);
     }
+    RandomUniformGenerator::getGen().seed(1);
     EstimationConfig config;
     config.initRANSAC(0.01, 0.3);
     EstimationResults results;
