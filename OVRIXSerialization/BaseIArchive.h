@@ -48,7 +48,7 @@ public:
     void readBlock(void* pData, std::size_t size);
 
     /// Reads a block of `count` numbers into memory that grows while the input turns out to hold them: no file and no
-    /// pipe makes its reader fill memory with more than it has read and 16 MiB.
+    /// pipe makes its reader fill more memory than twice what it has read, or 16 MiB.
     ///
     /// @param resize called with a number of elements, at most `count`, and a capacity that is not below it; makes room
     ///        for the elements, keeps those that were read before and returns the address of the first. Memory may be
@@ -144,8 +144,8 @@ void BaseIArchive::readArray(std::size_t count, Resize&& resize)
     {
         const std::size_t rest = count - nbRead;
         const std::size_t step = details::getNextStep(nbRead, rest, grant.step / sizeof(T));
-        const std::size_t room = details::getNextStep(nbRead, rest, grant.room / sizeof(T));
-        T* const pFirst = resize(nbRead + step, nbRead + room) + nbRead;
+        const std::size_t capacity = details::getCapacity(nbRead, rest, step, grant.room / sizeof(T));
+        T* const pFirst = resize(nbRead + step, capacity) + nbRead;
         readBlockPart(pFirst, step * sizeof(T));
         if constexpr (!details::g_bLittleEndian)
             details::reverseElements(pFirst, step, sizeof(T));

@@ -124,8 +124,9 @@ public:
         while (text.size() < size)
         {
             const std::size_t begin = text.size();
-            text.reserve(begin + details::getNextStep(begin, size - begin, grant.room));
-            text.resize(begin + details::getNextStep(begin, size - begin, grant.step));
+            const std::size_t step = details::getNextStep(begin, size - begin, grant.step);
+            text.reserve(details::getCapacity(begin, size - begin, step, grant.room));
+            text.resize(begin + step);
             _frames.read(&text[begin], text.size() - begin);
         }
         value.swap(text);

@@ -31,6 +31,17 @@ inline std::size_t getNextStep(std::size_t nbRead, std::size_t rest, std::size_t
     return std::min(rest, std::max(nbRead, firstStep));
 }
 
+/// For how many elements memory may be taken, `nbRead` among them, so that the next step goes there. It grows only where
+/// all of it has been filled, and is not filled itself.
+///
+/// @param step of getNextStep()
+/// @param firstRoom elements that memory is taken for at first
+inline std::size_t getCapacity(std::size_t nbRead, std::size_t rest, std::size_t step, std::size_t firstRoom)
+{
+    const std::size_t ahead = firstRoom - std::min(firstRoom, nbRead);
+    return nbRead + std::min(rest, std::max(step, ahead));
+}
+
 /// Makes room for one more element: what is appended next can't fail.
 template <class T>
 void reserveOneMore(std::vector<T>& elements)

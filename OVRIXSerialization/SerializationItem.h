@@ -122,7 +122,7 @@ OVRIXSERIALIZATION_EXPORT BaseOArchive& operator<<(BaseOArchive& archive,
                                                    const SerializationOItem<BaseSerializationObject>& item);
 
 /// Reads what was written so, into an object of the same class. One that can be not initialised is so when anything
-/// raises, also before its first item and behind its last one.
+/// raises, also before its first item and behind its last one, unless there is no memory left to make it so.
 OVRIXSERIALIZATION_EXPORT BaseIArchive& operator>>(BaseIArchive& archive,
                                                    const SerializationIItem<BaseSerializationObject>& item);
 

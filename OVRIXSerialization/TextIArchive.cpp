@@ -87,7 +87,7 @@ bool readRest(details::StreamReader& reader, std::string& text)
     {
         const std::size_t size = text.size();
         const std::size_t step = details::getNextStep(size, reader.getRest(), firstStep);
-        text.reserve(size + details::getNextStep(size, reader.getRest(), firstRoom));
+        text.reserve(details::getCapacity(size, reader.getRest(), step, firstRoom));
         text.resize(size + step);
         const std::size_t nbRead = reader.read(&text[size], step);
         text.resize(size + nbRead);

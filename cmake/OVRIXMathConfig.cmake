@@ -1,9 +1,9 @@
 # In a function, so that nothing but targets is left in the caller's scope. CMake has no finder of log4cplus; one stands
 # beside this file.
 function(_ovrixmath_find_dependencies)
-    set(CMAKE_MODULE_PATH "${CMAKE_CURRENT_FUNCTION_LIST_DIR}")
     find_package(Threads QUIET)
     find_package(Boost 1.74 QUIET COMPONENTS thread filesystem)
+    set(CMAKE_MODULE_PATH "${CMAKE_CURRENT_FUNCTION_LIST_DIR}")
     find_package(Log4cplus QUIET)
     if(NOT Threads_FOUND)
         set(message "the library of threads is missing")
@@ -26,7 +26,12 @@ endif()
 include("${CMAKE_CURRENT_LIST_DIR}/OVRIXMathTargets.cmake")
 
 foreach(OVRIXMath_component IN LISTS OVRIXMath_FIND_COMPONENTS)
-    if(NOT TARGET OVRIX::${OVRIXMath_component} AND OVRIXMath_FIND_REQUIRED_${OVRIXMath_component})
+    if(TARGET OVRIX::${OVRIXMath_component})
+        set(OVRIXMath_${OVRIXMath_component}_FOUND TRUE)
+        continue()
+    endif()
+    set(OVRIXMath_${OVRIXMath_component}_FOUND FALSE)
+    if(OVRIXMath_FIND_REQUIRED_${OVRIXMath_component})
         set(OVRIXMath_FOUND FALSE)
         set(OVRIXMath_NOT_FOUND_MESSAGE
             "there is no component ${OVRIXMath_component}; they are Util, Serialization and Math")

@@ -43,7 +43,12 @@ ovUInt32 computeKernelKMeansAttempt(const KernelType& kernel, const VectorColl& 
     attempt.start(centroids);
     const ovUInt32 nbIteration = attempt.run(nbMaxIteration, minChangeRatio, assignments);
     if (attempt.hasCentroids())
-        attempt.copyCentroids(centroids);
+    {
+        // Those of the caller stay whole where there is no memory for the copies.
+        std::vector<KernelKMeansCentroid<KernelType>> copies(centroids);
+        attempt.copyCentroids(copies);
+        centroids.swap(copies);
+    }
     return nbIteration;
 }
 

@@ -130,7 +130,9 @@ void KernelKMeansCentroid<KernelType>::addSample(const Vector& x)
     if (_spareSamples.empty())
         _spareSamples.emplace_back();
     _spareSamples.back().data() = x.data();
-    reserveOneMore(_dictionary);
+    // One that is full loses a member first.
+    if (_dictionary.size() != _mean.getMaxDictionarySize())
+        reserveOneMore(_dictionary);
 
     const details::SparseKernelMean::Addition addition = _mean.addSample(projection);
     Vector joining;

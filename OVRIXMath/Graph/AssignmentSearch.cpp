@@ -28,7 +28,8 @@ AssignmentSearch::AssignmentSearch(const double* weights, const WeightRange& ran
       _negativeChanges(0.0), _tolerance(0.0), _weightsByColumn(std::size_t(nbRows) * nbColumns),
       _rowMate(nbRows, s_none), _columnMate(nbColumns, s_none), _rowLabel(nbRows, 0.0), _unvisitedRowLabel(nbRows, 0.0),
       _freeLabel(nbColumns, NumericLimits<double>::s_min), _matchedLabel(nbColumns), _freeColumns(nbColumns),
-      _ranking(weights, nbRows, nbColumns, range.bExact), _nearRows(_weightsByColumn.data(), nbRows, nbColumns),
+      _ranking(weights, nbRows, nbColumns, range.bExact),
+      _nearRows(_weightsByColumn.data(), listsNearRows() ? nbRows : 0, listsNearRows() ? nbColumns : 0),
       _freeSlack(nbRows), _freeSlackColumn(nbRows), _slacks(nbRows), _leastFreeRowSlack(0.0), _visited(nbRows),
       _zeroRows(nbRows), _listed(nbRows), _parent(nbColumns), _rowList(nbRows)
 {
@@ -130,6 +131,12 @@ void AssignmentSearch::runPass()
         closePass();
     }
     augment(edge);
+}
+
+/// Whether near rows are listed.
+bool AssignmentSearch::listsNearRows() const
+{
+    return _nbRows >= g_minRowsForLists;
 }
 
 /// The start of a pass: the least slacks over the free columns, and the tight edges to follow from them.
@@ -322,7 +329,7 @@ ovUInt32 AssignmentSearch::relax(ovUInt32 column)
         }
     };
 
-    if (_nbRows >= g_minRowsForLists && _nearRows.prepare(column, _rowLabel, columnLabel, limit))
+    if (listsNearRows() && _nearRows.prepare(column, _rowLabel, columnLabel, limit))
     {
         _nearRows.forEach(column, columnLabel, limit,
                           [&](const NearRows::Entry& entry)

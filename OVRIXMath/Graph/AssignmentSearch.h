@@ -38,7 +38,8 @@ namespace details
 ///   columns that were reached before have been searched, and what these would reach does not matter any more.
 /// - The least slacks over all free columns, with which a pass begins, come from a FreeColumnRanking.
 /// - A pass ends at the latest when the least slack of a free row has fallen to 0. Rows with larger slacks are not
-///   reached in the pass, so their slacks need not be known. The others come from the NearRows of a visited column.
+///   reached in the pass, so their slacks need not be known. The others come from the NearRows of a visited column,
+///   or from a look at all rows where there are few.
 ///
 /// The last two allow for rounding, by a tolerance that updateTolerance() derives. It is 0 where no sum is rounded, and
 /// where it would be too large to be of use, everything is looked at.
@@ -77,6 +78,7 @@ private:
     };
 
     void copyByColumns();
+    bool listsNearRows() const;
     void startLabels();
     void updateTolerance();
     double getSlackLimit() const;

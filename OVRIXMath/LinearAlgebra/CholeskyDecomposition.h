@@ -30,8 +30,9 @@ OVRIXMATH_EXPORT bool choleskyDecomposition(const Matrix& A, Matrix& U);
 
 /// Replaces A by its inverse, which is symmetric to the last bit.
 ///
-/// Whether the second step, from the factor to the inverse, succeeds is not looked at, and that is meant. It can only
-/// fail for want of memory within LAPACKE: the result is `true` then, and A holds the factor and its mirror image.
+/// Whether the second step, from the factor to the inverse, succeeds is not looked at, and that is meant. It can
+/// fail only for want of memory within LAPACKE, or where infinities in A became NaN in the factor: the result is `true`
+/// then, and A holds the factor and its mirror image.
 ///
 /// @param[in,out] A n x n; overwritten by a part of the factor when it is not positive definite
 /// @return whether A is positive definite

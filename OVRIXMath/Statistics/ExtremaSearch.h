@@ -72,9 +72,8 @@ OVRIXMATH_EXPORT void findLocalExtrema(const std::vector<T>& values, const eExtr
 ///
 /// With `eEBP_Include` and `eEBP_Exclude` what lies beyond the ends is the worst and the best value of T, infinities
 /// left aside. So a constant sequence is one range unless its value is the worst one (0 for maxima of an unsigned
-/// type), and with `eEBP_Exclude` none unless its value is the best one. An
-/// element that is NaN bounds the search to either side; it is neither better nor worse than its neighbours and is
-/// reported with those that remain.
+/// type), and with `eEBP_Exclude` none unless its value is the best one. An element that is NaN bounds the search to
+/// either side; it is neither better nor worse than its neighbours and is reported with those that remain.
 ///
 /// In a circular sequence a range at the start and one at the end are joined to one that runs across the end, if there
 /// are at least three ranges in all.

@@ -15,7 +15,7 @@ namespace
 {
 
 /// The elements of a sequence between r copies of its first one and r of its last one. A window that reaches beyond an
-/// end has the same extremum as one that is cut there, to the bit: what it takes in besides is an element of its own.
+/// end has the same extremum as one that is cut there, to the bit: what it takes in besides is one that it holds.
 template <class T>
 class Padded
 {

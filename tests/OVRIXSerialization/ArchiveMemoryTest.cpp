@@ -89,10 +89,11 @@ constexpr std::size_t g_mebibyte = std::size_t(1) << 20;
 template <class Form, class T>
 void expectRaisesInFrontOfAHole(const std::string& bytes)
 {
-    const SparseFile sparse("hole", bytes);
+    // Each test has a file of its own: they may run at the same time.
+    const SparseFile sparse(::testing::UnitTest::GetInstance()->current_test_info()->name(), bytes);
     if (!sparse.exists())
         GTEST_SKIP() << "The file system has no holes";
-    const std::size_t peak = getPeakMemory();
+    const std::size_t peak = startPeakMemory();
     const auto read = [&]
     {
         std::ifstream file(sparse.getPath(), std::ios::binary);

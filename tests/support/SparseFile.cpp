@@ -1,7 +1,6 @@
 #include <cstdio>
 #include <fstream>
 #include <support/SparseFile.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,9 +27,19 @@ SparseFile::~SparseFile()
 
 std::size_t getPeakMemory()
 {
-    rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    while (status >> word && word != "VmHWM:")
+        ;
+    std::size_t kilobytes = 0;
+    status >> kilobytes;
+    return kilobytes * 1024;
+}
+
+std::size_t startPeakMemory()
+{
+    std::ofstream("/proc/self/clear_refs") << 5;
+    return getPeakMemory();
 }
 
 } // namespace test

@@ -35,8 +35,13 @@ private:
     bool _bExisting;
 };
 
-/// The most memory that the process has held so far, in bytes: pages that were written to.
+/// The most memory that the process has held since startPeakMemory(), in bytes: pages that were written to.
 std::size_t getPeakMemory();
+
+/// Forgets what the process held before.
+///
+/// @return what it holds now
+std::size_t startPeakMemory();
 
 } // namespace test
 } // namespace ovrix

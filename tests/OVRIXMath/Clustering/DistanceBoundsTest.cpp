@@ -83,7 +83,7 @@ TEST(DistanceBounds, ALowerBoundIsNeverBelowZero)
     EXPECT_EQ(DistanceBounds(3).getLower(0.0), 0.0);
 }
 
-TEST(DistanceBounds, BeyondTheLimitTheComputedSquareIsLarger)
+TEST(DistanceBounds, BeyondTheClearBoundTheComputedSquareIsLarger)
 {
     // Of points at nearly equal distances, those that the bounds tell apart have computed squares in the same order.
     std::mt19937 generator(2);

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <limits>
 #include <set>
+#include <support/AllocationCount.h>
 #include <support/Bits.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
@@ -145,6 +146,25 @@ TEST(KernelClusteringUtils, AnAttemptWhoseMinimumOfChangesIsTooLargeDoesNothing)
         EXPECT_THAT(assignments, ElementsAre(2, 2, 2));
         EXPECT_EQ(toStd(centroids[1].getDictionary()), toStd(makeDataSet({{2.0}})));
     }
+}
+
+TEST(KernelClusteringUtils, AnAttemptWithoutMemoryLeavesTheCentroidsAsTheyWere)
+{
+    const VectorColl data = makeDataSet({{1.0}, {2.0}, {8.0}, {9.0}});
+    const VectorColl seeds = makeDataSet({{2.0}, {8.0}});
+    const std::size_t nbFailures = test::failEachAllocation(
+        [&] { return makeLinearCentroids(seeds); },
+        [&](LinearCentroids& centroids)
+        {
+            UInt32Vector assignments;
+            computeKernelKMeansAttempt(g_linear, data, 100, 0.0, centroids, assignments);
+        },
+        [&](const LinearCentroids& centroids)
+        {
+            for (std::size_t k = 0; k < seeds.size(); ++k)
+                EXPECT_EQ(toStd(centroids[k].getDictionary()), toStd(makeDataSet({{seeds[k][0]}})));
+        });
+    EXPECT_GT(nbFailures, 20u);
 }
 
 TEST(KernelClusteringUtils, AnAttemptWithoutSamplesTakesOneIteration)

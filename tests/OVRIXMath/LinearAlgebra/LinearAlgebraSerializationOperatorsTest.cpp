@@ -299,7 +299,7 @@ TEST(LinearAlgebraSerialization, ElementsInFrontOfAHoleFillLittleMemory)
     const SparseFile sparse("matrix", makeBinaryHeader() + makeBinaryFrame(head + blockHead, 0, false));
     if (!sparse.exists())
         GTEST_SKIP() << "The file system has no holes";
-    const std::size_t peak = getPeakMemory();
+    const std::size_t peak = startPeakMemory();
     std::ifstream file(sparse.getPath(), std::ios::binary);
     BinaryIArchive archive(file);
     Matrix matrix;
