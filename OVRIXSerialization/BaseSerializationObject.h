@@ -20,8 +20,8 @@ public:
     /// Writes the object. The base itself holds nothing to write.
     virtual BoolResult write(BaseOArchive& archive) const;
 
-    /// Reads the object in place of what it holds. When that raises it is called once more, with an archive that ends at
-    /// once, for the object to become what one is that could not be read.
+    /// Reads the object in place of what it holds. When that raises it is called once more, with an archive that ends
+    /// at once, for the object to become what one is that could not be read.
     virtual BoolResult read(BaseIArchive& archive)
     {
         static_cast<void>(archive);

@@ -31,8 +31,8 @@ inline std::size_t getNextStep(std::size_t nbRead, std::size_t rest, std::size_t
     return std::min(rest, std::max(nbRead, firstStep));
 }
 
-/// For how many elements memory may be taken, `nbRead` among them, so that the next step goes there. It grows only where
-/// all of it has been filled, and is not filled itself.
+/// For how many elements memory may be taken, `nbRead` among them, so that the next step goes there. It grows only
+/// where all of it has been filled, and is not filled itself.
 ///
 /// @param step of getNextStep()
 /// @param firstRoom elements that memory is taken for at first
