@@ -1,7 +1,7 @@
 #include <OVRIXSerialization/BaseArchive.h>
-#include <OVRIXSerialization/MemoryGrowth.h>
 #include <OVRIXSerialization/MessageQuote.h>
 #include <OVRIXSerialization/OVRIXSerializationFailure.h>
+#include <OVRIXUtil/ReserveOneMore.h>
 
 namespace ovrix
 {

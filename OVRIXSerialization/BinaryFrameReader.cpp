@@ -102,7 +102,8 @@ void BinaryFrameReader::loadFrame(const Header& header)
 {
     const std::size_t size = header.length & ~g_lastFrameFlag;
     beginFrame(0);
-    const std::size_t firstStep = isLengthKnown() ? g_firstStepOfFile : g_firstStepOfPipe;
+    // A file has all of the frame, as readHeader() has seen, and a frame is short.
+    const std::size_t firstStep = isLengthKnown() ? g_maxFrameSize : g_firstStepOfPipe;
     for (std::size_t nbRead = 0; nbRead < size;)
     {
         const std::size_t step = getNextStep(nbRead, size - nbRead, firstStep);

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <vector>
 
 /// @file
-/// How memory grows while an archive is written and read.
+/// How memory grows while an archive is read.
 
 namespace ovrix
 {
@@ -40,14 +39,6 @@ inline std::size_t getCapacity(std::size_t nbRead, std::size_t rest, std::size_t
 {
     const std::size_t ahead = firstRoom - std::min(firstRoom, nbRead);
     return nbRead + std::min(rest, std::max(step, ahead));
-}
-
-/// Makes room for one more element: what is appended next can't fail.
-template <class T>
-void reserveOneMore(std::vector<T>& elements)
-{
-    if (elements.size() == elements.capacity())
-        elements.reserve(2 * elements.size() + 1);
 }
 
 } // namespace details

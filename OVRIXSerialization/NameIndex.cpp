@@ -1,5 +1,5 @@
-#include <OVRIXSerialization/MemoryGrowth.h>
 #include <OVRIXSerialization/NameIndex.h>
+#include <OVRIXUtil/ReserveOneMore.h>
 
 namespace ovrix
 {

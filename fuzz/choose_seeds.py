@@ -20,8 +20,9 @@ def read_features(target, found):
         merged = pathlib.Path(folder, "merged")
         merged.mkdir()
         control = pathlib.Path(folder, "control")
-        subprocess.run([f"build/fuzz/fuzz/fuzz_{target}", "-set_cover_merge=1", f"-merge_control_file={control}", merged,
-                        found], check=True, stderr=subprocess.DEVNULL)
+        program = f"build/fuzz/fuzz/fuzz_{target}"
+        subprocess.run([program, "-set_cover_merge=1", f"-merge_control_file={control}", merged, found], check=True,
+                       stderr=subprocess.DEVNULL)
         lines = control.read_text().splitlines()
     nb_files = int(lines[0])
     files = lines[2:2 + nb_files]

@@ -1,6 +1,7 @@
 #include <OVRIXMath/Clustering/ClusteringLogMessages.h>
 #include <OVRIXMath/Clustering/KernelKMeansCentroid.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
+#include <OVRIXUtil/ReserveOneMore.h>
 
 #include <cmath>
 #include <cstddef>
@@ -14,13 +15,6 @@ namespace clustering
 
 namespace
 {
-
-/// Takes the memory for one vector more, and for as many again, so that it need not be taken each time.
-void reserveOneMore(VectorColl& vectors)
-{
-    if (vectors.size() == vectors.capacity())
-        vectors.reserve(2 * vectors.size() + 1);
-}
 
 /// Moves the last vector of a collection to the end of another.
 void moveLast(VectorColl& source, VectorColl& target)
@@ -132,7 +126,7 @@ void KernelKMeansCentroid<KernelType>::addSample(const Vector& x)
     _spareSamples.back().data() = x.data();
     // One that is full loses a member first.
     if (_dictionary.size() != _mean.getMaxDictionarySize())
-        reserveOneMore(_dictionary);
+        ovrix::details::reserveOneMore(_dictionary);
 
     const details::SparseKernelMean::Addition addition = _mean.addSample(projection);
     Vector joining;

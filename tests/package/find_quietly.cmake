@@ -7,10 +7,11 @@ macro(find_quietly package)
     endforeach()
     find_package(${package} ${ARGN})
     get_property(variables_after DIRECTORY PROPERTY VARIABLES)
-    get_property(cached_variables GLOBAL PROPERTY CACHE_VARIABLES)
+    get_property(cached_variables DIRECTORY PROPERTY CACHE_VARIABLES)
     foreach(variable IN LISTS variables_after)
         # What the loops here use, and what CMake itself sets, does not count.
-        if(variable MATCHES "^(${package}_|before_|variable|cached_variables|ARG|CMAKE_)" OR variable IN_LIST cached_variables)
+        if(variable MATCHES "^(${package}_|before_|variable|cached_variables|ARG|CMAKE_)"
+            OR variable IN_LIST cached_variables)
             continue()
         endif()
         if(NOT "${${variable}}" STREQUAL "${before_${variable}}")
