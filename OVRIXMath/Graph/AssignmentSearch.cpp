@@ -27,11 +27,12 @@ AssignmentSearch::AssignmentSearch(const double* weights, const WeightRange& ran
     : _weights(weights), _nbRows(nbRows), _nbColumns(nbColumns), _range(range), _nbLabelChanges(0.0),
       _negativeChanges(0.0), _tolerance(0.0), _weightsByColumn(std::size_t(nbRows) * nbColumns),
       _rowMate(nbRows, s_none), _columnMate(nbColumns, s_none), _rowLabel(nbRows, 0.0), _unvisitedRowLabel(nbRows, 0.0),
-      _freeLabel(nbColumns, NumericLimits<double>::s_min), _matchedLabel(nbColumns), _freeColumns(nbColumns),
-      _ranking(weights, nbRows, nbColumns, range.bExact),
+      _freeLabel(nbColumns, NumericLimits<double>::s_min), _matchedLabel(nbColumns), _freeRows(nbRows),
+      _freeColumns(nbColumns), _ranking(weights, nbRows, nbColumns, range.bExact),
       _nearRows(_weightsByColumn.data(), listsNearRows() ? nbRows : 0, listsNearRows() ? nbColumns : 0),
-      _freeSlack(nbRows), _freeSlackColumn(nbRows), _slacks(nbRows), _leastFreeRowSlack(0.0), _visited(nbRows),
-      _zeroRows(nbRows), _listed(nbRows), _parent(nbColumns), _rowList(nbRows)
+      _bLabelsChanged(true), _freeSlack(nbRows), _freeSlackColumn(nbRows), _freeTightColumn(nbRows), _slacks(nbRows),
+      _leastFreeRowSlack(0.0), _visited(nbRows), _zeroRows(nbRows), _listed(nbRows), _parent(nbColumns),
+      _rowList(nbRows)
 {
     _freeTightEdges.reserve(nbRows);
     _tightEdges.reserve(nbRows);
@@ -39,6 +40,8 @@ AssignmentSearch::AssignmentSearch(const double* weights, const WeightRange& ran
     _visitedRowLabel.reserve(nbRows);
     _visitedColumns.reserve(nbRows);
     _visitedColumnLabel.reserve(nbRows);
+    _matchedRows.reserve(nbRows);
+    std::iota(_freeRows.begin(), _freeRows.end(), 0u);
     std::iota(_freeColumns.begin(), _freeColumns.end(), 0u);
     copyByColumns();
     startLabels();
@@ -123,10 +126,14 @@ double AssignmentSearch::getSlackLimit() const
 
 void AssignmentSearch::runPass()
 {
-    computeFreeSlacks();
+    if (_bLabelsChanged)
+        std::fill(_freeSlackColumn.begin(), _freeSlackColumn.end(), s_none);
+    _bLabelsChanged = false;
     Edge edge = findFreeRow();
     if (!edge.exists())
     {
+        for (const ovUInt32 row : _matchedRows)
+            updateFreeSlack(row);
         edge = search();
         closePass();
     }
@@ -139,23 +146,36 @@ bool AssignmentSearch::listsNearRows() const
     return _nbRows >= g_minRowsForLists;
 }
 
-/// The start of a pass: the least slacks over the free columns, and the tight edges to follow from them.
-void AssignmentSearch::computeFreeSlacks()
+/// Free columns are searched before all others, so a free row that is tight with one of them ends the pass at once.
+/// Gives its edge, if there is one.
+AssignmentSearch::Edge AssignmentSearch::findFreeRow()
 {
-    _freeTightEdges.clear();
+    Edge first;
     _leastFreeRowSlack = NumericLimits<double>::s_max;
-    for (ovUInt32 row = 0; row < _nbRows; ++row)
+    for (const ovUInt32 row : _freeRows)
     {
-        const ovUInt32 column = computeFreeSlack(row);
-        if (column != s_none)
-            _freeTightEdges.emplace_back(column, row);
-        if (_rowMate[row] == s_none && _freeSlack[row] < _leastFreeRowSlack)
+        updateFreeSlack(row);
+        if (_freeTightColumn[row] != s_none)
+            first = std::min(first, Edge(_freeTightColumn[row], row));
+        if (_freeSlack[row] < _leastFreeRowSlack)
             _leastFreeRowSlack = _freeSlack[row];
     }
+    return first;
 }
 
-/// Sets the row's slack; gives the first free column with a tight edge, if any.
-ovUInt32 AssignmentSearch::computeFreeSlack(ovUInt32 row)
+/// Computes the row's slack anew where it does not hold any more: after a change of labels, or when the column that has
+/// it, or that it is tight with, is not free any more.
+void AssignmentSearch::updateFreeSlack(ovUInt32 row)
+{
+    const auto isFree = [&](ovUInt32 column) { return _columnMate[column] == s_none; };
+    const ovUInt32 column = _freeSlackColumn[row];
+    const ovUInt32 tightColumn = _freeTightColumn[row];
+    if (column == s_none || !isFree(column) || (tightColumn != s_none && !isFree(tightColumn)))
+        computeFreeSlack(row);
+}
+
+/// Sets the row's slack and tight column.
+void AssignmentSearch::computeFreeSlack(ovUInt32 row)
 {
     const double* weights = _weights + std::size_t(row) * _nbColumns;
     // Below 0, where only rounding takes it, the least slack is not that of a tight edge, which may stand behind it.
@@ -183,51 +203,46 @@ ovUInt32 AssignmentSearch::computeFreeSlack(ovUInt32 row)
                                               tightColumn = std::min(tightColumn, contender);
                                       });
         if (!bComplete)
-            return scanFreeColumns(row);
+        {
+            scanFreeColumns(row);
+            return;
+        }
         bSure = margin(slack) <= searched;
     }
     _freeSlack[row] = slack;
     _freeSlackColumn[row] = column;
-    return tightColumn;
+    _freeTightColumn[row] = tightColumn;
 }
 
 /// The same by a look at all free columns.
-ovUInt32 AssignmentSearch::scanFreeColumns(ovUInt32 row)
+void AssignmentSearch::scanFreeColumns(ovUInt32 row)
 {
     const double* weights = _weights + std::size_t(row) * _nbColumns;
     const LeastSlackOfRow::Result least =
         runKernel<LeastSlackOfRow>(static_cast<const double*>(_freeLabel.data()), weights, _nbColumns, _rowLabel[row]);
     _freeSlack[row] = least.slack;
     _freeSlackColumn[row] = static_cast<ovUInt32>(least.column);
+    _freeTightColumn[row] = s_none;
     if (!least.bTight)
-        return s_none;
+        return;
     const auto tightColumn =
         std::find_if(_freeColumns.begin(), _freeColumns.end(),
                      [&](ovUInt32 column) { return _rowLabel[row] + _freeLabel[column] == weights[column]; });
-    return tightColumn != _freeColumns.end() ? *tightColumn : s_none;
-}
-
-/// Free columns are searched before all others, so a free row that is tight with one of them ends the pass at once.
-/// Gives its edge, if there is one.
-AssignmentSearch::Edge AssignmentSearch::findFreeRow() const
-{
-    Edge first;
-    for (const Edge& edge : _freeTightEdges)
-    {
-        if (_rowMate[edge.row] == s_none)
-            first = std::min(first, edge);
-    }
-    return first;
+    if (tightColumn != _freeColumns.end())
+        _freeTightColumn[row] = *tightColumn;
 }
 
 /// Runs the pass up to the edge by which a free row is reached.
 AssignmentSearch::Edge AssignmentSearch::search()
 {
     const double limit = getSlackLimit();
+    _freeTightEdges.clear();
     for (ovUInt32 row = 0; row < _nbRows; ++row)
     {
         if (_freeSlack[row] < limit)
             _slacks.lower(row, _freeSlack[row], _freeSlackColumn[row]);
+        if (_freeTightColumn[row] != s_none)
+            _freeTightEdges.emplace_back(_freeTightColumn[row], row);
     }
     std::sort(_freeTightEdges.begin(), _freeTightEdges.end());
     for (const Edge& edge : _freeTightEdges)
@@ -264,6 +279,7 @@ AssignmentSearch::Edge AssignmentSearch::changeLabels()
     _zeroRows.clear();
     _slacks.subtract(delta, _zeroRows);
     _leastFreeRowSlack -= delta;
+    _bLabelsChanged = true;
     _nbLabelChanges += 1.0;
     _negativeChanges += delta < 0.0 ? -delta : 0.0;
     updateTolerance();
@@ -373,6 +389,8 @@ void AssignmentSearch::closePass()
 /// Matches along the path that ends with the edge. It starts at a free column.
 void AssignmentSearch::augment(const Edge& edge)
 {
+    _freeRows.erase(std::lower_bound(_freeRows.begin(), _freeRows.end(), edge.row));
+    _matchedRows.push_back(edge.row);
     ovUInt32 column = edge.column;
     ovUInt32 row = edge.row;
     while (_columnMate[column] != s_none)

@@ -84,10 +84,10 @@ private:
     double getSlackLimit() const;
 
     void runPass();
-    void computeFreeSlacks();
-    ovUInt32 computeFreeSlack(ovUInt32 row);
-    ovUInt32 scanFreeColumns(ovUInt32 row);
-    Edge findFreeRow() const;
+    Edge findFreeRow();
+    void updateFreeSlack(ovUInt32 row);
+    void computeFreeSlack(ovUInt32 row);
+    void scanFreeColumns(ovUInt32 row);
     Edge search();
     Edge changeLabels();
     Edge visit(const Edge& edge);
@@ -112,14 +112,18 @@ private:
     std::vector<double> _unvisitedRowLabel; ///< the same, infinite for visited rows
     std::vector<double> _freeLabel;         ///< of each free column, infinite for matched columns
     std::vector<double> _matchedLabel;      ///< of each matched column
-    std::vector<ovUInt32> _freeColumns;     ///< ascending
+    std::vector<ovUInt32> _freeRows;        ///< ascending
+    std::vector<ovUInt32> _matchedRows;
+    std::vector<ovUInt32> _freeColumns; ///< ascending
     std::vector<double> _freeColumnLabel;
     FreeColumnRanking _ranking;
     NearRows _nearRows;
 
+    bool _bLabelsChanged;                   ///< whether labels are others than at the start of the last pass
     std::vector<double> _freeSlack;         ///< least slack over the free columns at the start of a pass
     std::vector<ovUInt32> _freeSlackColumn; ///< the first column that has it
-    std::vector<Edge> _freeTightEdges;      ///< first tight edge to a free column, of rows that have one
+    std::vector<ovUInt32> _freeTightColumn; ///< the first free column with a tight edge, if any
+    std::vector<Edge> _freeTightEdges;      ///< the edges to these, of rows that have one
     RowSlacks _slacks;                      ///< of unvisited rows, among them all that the pass can reach
     double _leastFreeRowSlack;              ///< least slack of a free row, by which the pass ends
 

@@ -17,11 +17,11 @@ namespace
 constexpr ovUInt32 g_none = NumericLimits<ovUInt32>::s_max;
 constexpr double g_infinity = std::numeric_limits<double>::infinity();
 
-/// Length of the lists: long enough for them to last, short enough to stay in the cache. With lists of the square root
-/// of the size, a table on which all rows want the same columns is ranked anew in n^2.5 steps altogether.
+/// Length of the lists: long enough for them to last, short enough to stay in the cache. With lists that grow as the
+/// square root of the size, a table on which all rows want the same columns is ranked anew in n^2.5 steps altogether.
 std::size_t listDepth(ovUInt32 nbColumns)
 {
-    return std::max<std::size_t>(8, static_cast<std::size_t>(std::sqrt(double(nbColumns))));
+    return std::max<std::size_t>(8, static_cast<std::size_t>(std::sqrt(0.5 * double(nbColumns))));
 }
 
 } // namespace

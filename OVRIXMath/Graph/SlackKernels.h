@@ -145,37 +145,36 @@ struct ListSlacksBelow
     {
         using Reals = typename Pack<Lanes>::Reals;
         using Longs = typename Pack<Lanes>::Longs;
-        constexpr std::size_t block = 4 * g_maxLanes;
+        constexpr std::size_t block = 8 * g_maxLanes;
         std::size_t nbListed = 0;
         std::size_t start = 0;
-        const auto listFrom = [&](std::size_t end)
+        for (; start + block <= count; start += block)
         {
-            for (; start < end; ++start)
-            {
-                listed[nbListed] = static_cast<ovUInt32>(start);
-                nbListed += (labels[start] + label) - weights[start] < limit ? 1 : 0;
-            }
-        };
-        while (start + block <= count)
-        {
-            Longs below{};
             // Far enough to be on the next page in time, where the processor does not look by itself.
-            __builtin_prefetch(weights + start + 256);
-            __builtin_prefetch(weights + start + 264);
+            for (std::size_t line = 0; line < block; line += 8)
+                __builtin_prefetch(weights + start + 256 + line);
+            Longs below{};
+            Longs bits;
+            setLaneNumbers<Lanes>(bits);
+            bits = (Longs{} + 1) << bits;
             for (std::size_t part = 0; part < block; part += Lanes)
             {
                 Reals labelPack;
                 Reals weight;
                 loadPack(labelPack, labels + start + part);
                 loadPack(weight, weights + start + part);
-                below |= (labelPack + label) - weight < limit;
+                below |= ((labelPack + label) - weight < limit) & bits;
+                bits <<= Lanes;
             }
-            if (anyBits<Lanes>(below) != 0)
-                listFrom(start + block);
-            else
-                start += block;
+            std::uint64_t left = static_cast<std::uint64_t>(anyBits<Lanes>(below));
+            for (; left != 0; left &= left - 1)
+                listed[nbListed++] = static_cast<ovUInt32>(start + static_cast<std::size_t>(__builtin_ctzll(left)));
         }
-        listFrom(count);
+        for (; start < count; ++start)
+        {
+            listed[nbListed] = static_cast<ovUInt32>(start);
+            nbListed += (labels[start] + label) - weights[start] < limit ? 1 : 0;
+        }
         return nbListed;
     }
 };
