@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 
 /// @file
@@ -105,12 +106,13 @@ template <class Kernel, class... Arguments>
 
 #endif
 
-/// Runs a kernel with the widest packs that the processor has: AVX2's, or those of plain x86-64.
+/// Runs a kernel with the widest packs that the processor has: AVX2's, or those of plain x86-64. These are taken as well
+/// if the environment variable OVRIX_NO_AVX2 is set when the process first runs the kernel.
 template <class Kernel, class... Arguments>
 auto runKernel(Arguments... arguments)
 {
 #ifdef __x86_64__
-    static const bool g_bAvx2 = __builtin_cpu_supports("avx2");
+    static const bool g_bAvx2 = __builtin_cpu_supports("avx2") && std::getenv("OVRIX_NO_AVX2") == nullptr;
     if (g_bAvx2)
         return runKernelOn4Lanes<Kernel>(arguments...);
 #endif

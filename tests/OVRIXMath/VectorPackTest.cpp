@@ -1,0 +1,63 @@
+#include <OVRIXMath/VectorPack.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace ovrix
+{
+namespace math
+{
+namespace details
+{
+
+namespace
+{
+
+struct CountLanes
+{
+    template <int Lanes>
+    [[gnu::always_inline]] static inline int run()
+    {
+        return Lanes;
+    }
+};
+
+/// The sum over the lanes of 2^lane.
+struct SetOneBitPerLane
+{
+    template <int Lanes>
+    [[gnu::always_inline]] static inline std::int64_t run()
+    {
+        typename Pack<Lanes>::Longs lanes;
+        setLaneNumbers<Lanes>(lanes);
+        return anyBits<Lanes>((typename Pack<Lanes>::Longs{} + 1) << lanes);
+    }
+};
+
+} // namespace
+
+TEST(VectorPack, IsOfFourNumbersWhereTheProcessorAndTheEnvironmentAllowIt)
+{
+    const bool bWide = __builtin_cpu_supports("avx2") && std::getenv("OVRIX_NO_AVX2") == nullptr;
+    EXPECT_EQ(runKernel<CountLanes>(), bWide ? 4 : 2);
+}
+
+TEST(VectorPack, NumbersItsLanesAndJoinsTheirBits)
+{
+    EXPECT_EQ(runKernelOn2Lanes<SetOneBitPerLane>(), 0b11);
+    EXPECT_EQ(runKernel<SetOneBitPerLane>(), runKernel<CountLanes>() == 4 ? 0b1111 : 0b11);
+}
+
+TEST(VectorPack, SizesArePaddedToTheNextMultiple)
+{
+    EXPECT_EQ(paddedSize(0), 0u);
+    EXPECT_EQ(paddedSize(1), 4u);
+    EXPECT_EQ(paddedSize(4), 4u);
+    EXPECT_EQ(paddedSize(5), 8u);
+    EXPECT_EQ(paddedSize(17, 16), 32u);
+}
+
+} // namespace details
+} // namespace math
+} // namespace ovrix
