@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstddef>
 #include <support/AllocationCount.h>
 #include <support/Bits.h>
@@ -31,7 +32,11 @@ protected:
     /// gives from the same state of the generator.
     void expectPlain(std::size_t nbKeptRows) const
     {
-        const VectorColl data = test::RandomData(7).dataSet(120, 3, -1.0, 1.0);
+        expectPlainOn(test::RandomData(7).dataSet(120, 3, -1.0, 1.0), nbKeptRows);
+    }
+
+    void expectPlainOn(const VectorColl& data, std::size_t nbKeptRows) const
+    {
         KernelSamples<KernelType> samples(kernel, data, nbKeptRows * data.size());
         KernelKMeansAttempt<KernelType> attempt(samples);
         for (unsigned int seed = 0; seed < 12; ++seed)
@@ -91,6 +96,18 @@ TYPED_TEST(KernelKMeansAttemptTest, IsThePlainOneWithRoomForSomeRows)
 TYPED_TEST(KernelKMeansAttemptTest, IsThePlainOneWithoutRoomForRows)
 {
     this->expectPlain(0);
+}
+
+TYPED_TEST(KernelKMeansAttemptTest, IsThePlainOneWhereRoundingDecidesBetweenMeans)
+{
+    VectorColl data = test::RandomData(7).dataSet(120, 3, -1.0, 1.0);
+    for (Vector& sample : data)
+    {
+        for (double& coordinate : sample)
+            coordinate = std::round(coordinate) / 3.0;
+    }
+    this->expectPlainOn(data, 120);
+    this->expectPlainOn(data, 10);
 }
 
 TYPED_TEST(KernelKMeansAttemptTest, HasCentroidsOnceAnIterationRan)

@@ -65,6 +65,11 @@ TEST(PolynomialKernel, ABetaOfZeroOrNaNPasses)
     EXPECT_TRUE(std::isnan(PolynomialKernel::createKernel(1.0, g_nan, 2.0)(makeVector({3.0}))));
 }
 
+TEST(PolynomialKernel, ParametersBelowOnePass)
+{
+    EXPECT_EQ(PolynomialKernel::createKernel(0.25, 0.0, 0.5)(makeVector({4.0})), 2.0);
+}
+
 TEST(PolynomialKernel, ADegreeThatIsNotPositiveRaises)
 {
     test::expectMathRaises("Invalid polynomial kernel degree 0.000000, should be strictly positive",
