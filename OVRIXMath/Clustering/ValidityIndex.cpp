@@ -203,8 +203,6 @@ double sd(const Partition& partition)
             inverseSum += 1.0 / d;
         }
     }
-    if (dMin == 0.0)
-        return g_max;
     const double separation = inverseSum * (dMax / dMin);
     return (scatterSum / divisor + 1.0) * separation;
 }

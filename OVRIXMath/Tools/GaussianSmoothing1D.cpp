@@ -27,9 +27,8 @@ std::vector<float> computeKernel(float sigma, int size, std::ptrdiff_t first, st
         return std::vector<float>(static_cast<std::size_t>(end - first), 1.0f);
 
     std::vector<float> kernel(static_cast<std::size_t>(end - first), 0.0f);
-    float start = static_cast<float>(-size * 0.5);
-    if (start - std::trunc(start) > 0.001)
-        start += 0.5f;
+    // Below 0, where the half of an odd size stays.
+    const float start = static_cast<float>(-size * 0.5);
     const long firstPosition = static_cast<long>(start);
     const long lastPosition = static_cast<long>(static_cast<float>(size) + start);
     // Taps are off by a few hundred positions at most, where a float has no place for single ones.

@@ -216,6 +216,18 @@ TEST_F(DataPartition, ASubSetOfAnotherSizeRaisesWithTheSubSetEmptied)
     EXPECT_TRUE(_subSet.empty());
 }
 
+TEST_F(DataPartition, IndexesBeyondTheDataFail)
+{
+    expectSuccess(_partition.init(3, _data));
+    const DataSet fewerData = numberedData(5);
+    EXPECT_CALL(_partition, randomSubSet(3)).WillOnce(Return(Indexes{0, 2, 5})).WillOnce(Return(Indexes{0, 2, 4}));
+    test::expectFailure("Data set with size 5 do no contains enough data to ensure processing (needs at least 6 data)",
+                        _partition.createSubSet(fewerData, _subSet));
+    EXPECT_TRUE(_subSet.empty());
+    expectSuccess(_partition.createSubSet(fewerData, _subSet));
+    EXPECT_EQ(valuesOf(_subSet), (std::vector<double>{0, 2, 4}));
+}
+
 TEST_F(DataPartition, AnEmptyDrawLosesATrial)
 {
     expectSuccess(_partition.init(2, _data));
