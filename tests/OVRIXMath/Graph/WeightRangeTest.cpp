@@ -77,6 +77,8 @@ TEST(WeightRange, LooksAtEachOfManyWeights)
             std::vector<double> weights(count, 1.0);
             weights[i] = 0.1;
             EXPECT_FALSE(rangeOf(weights).bExact) << i << " of " << count;
+            weights[i] = 0.0;
+            EXPECT_TRUE(rangeOf(weights).bExact) << i << " of " << count;
             weights[i] = -7.0;
             EXPECT_TRUE(rangeOf(weights).bExact) << i << " of " << count;
             EXPECT_EQ(rangeOf(weights).magnitude, 7.0) << i << " of " << count;
