@@ -1,4 +1,5 @@
 #include <OVRIXMath/LinearAlgebra/CholeskyDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/LapackCall.h>
 #include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
@@ -21,7 +22,7 @@ namespace
 bool factorize(std::size_t size, double* a)
 {
     const auto n = details::toLapackSize(size);
-    const lapack_int info = LAPACKE_dpotrf(LAPACK_ROW_MAJOR, 'U', n, a, n);
+    const lapack_int info = details::callLapack(LAPACKE_dpotrf, LAPACK_ROW_MAJOR, 'U', n, a, n);
     OVRIXMATH_RAISE_UNLESS(info >= 0, eLinearAlgebraMessage, 11);
     return info == 0;
 }
@@ -74,7 +75,7 @@ bool choleskyInverse(Matrix& A)
     if (!factorize(n, a))
         return false;
     // The outcome is left alone, and that is meant: a finite factor with a positive diagonal has an inverse.
-    LAPACKE_dpotri(LAPACK_ROW_MAJOR, 'U', details::toLapackSize(n), a, details::toLapackSize(n));
+    details::callLapack(LAPACKE_dpotri, LAPACK_ROW_MAJOR, 'U', details::toLapackSize(n), a, details::toLapackSize(n));
     mirrorUpperTriangle(n, a);
     return true;
 }

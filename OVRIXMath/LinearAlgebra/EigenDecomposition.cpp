@@ -1,4 +1,5 @@
 #include <OVRIXMath/LinearAlgebra/EigenDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/LapackCall.h>
 #include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
@@ -46,8 +47,8 @@ void findEigenvalues(const Matrix& A, char range, lapack_int il, lapack_int iu, 
     std::fill(V.data().begin(), V.data().end(), 0.0);
     lapack_int nbFound = 0;
     const lapack_int info =
-        LAPACKE_dsyevr(LAPACK_ROW_MAJOR, 'V', range, 'U', n, a.data(), n, 0.0, 0.0, il, iu, -1.0, &nbFound, w,
-                       V.data().begin(), details::toLapackSize(nbWanted), isuppz.data());
+        details::callLapack(LAPACKE_dsyevr, LAPACK_ROW_MAJOR, 'V', range, 'U', n, a.data(), n, 0.0, 0.0, il, iu, -1.0,
+                            &nbFound, w, V.data().begin(), details::toLapackSize(nbWanted), isuppz.data());
     OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
 
     // LAPACKE transposes all columns out of memory of its own, those too that LAPACK did not fill.

@@ -1,4 +1,5 @@
 #include <OVRIXMath/LinearAlgebra/LUDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/LapackCall.h>
 #include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/WorkBuffer.h>
@@ -25,7 +26,7 @@ bool triangularInverse(Matrix& A, char uplo)
     const auto n = details::toLapackSize(A.size2());
     if (n == 0)
         return true;
-    const lapack_int info = LAPACKE_dtrtri(LAPACK_ROW_MAJOR, uplo, 'N', n, A.data().begin(), n);
+    const lapack_int info = details::callLapack(LAPACKE_dtrtri, LAPACK_ROW_MAJOR, uplo, 'N', n, A.data().begin(), n);
     OVRIXMATH_RAISE_UNLESS(info >= 0, eLinearAlgebraMessage, 11);
     return info == 0;
 }
@@ -43,14 +44,15 @@ bool luSolve(const Matrix& A, const Vector& b, Vector& x)
 
     details::MatrixBuffer a = details::copyOf(A);
     Pivots ipiv(A.size2());
-    const lapack_int factorInfo = LAPACKE_dgetrf(LAPACK_ROW_MAJOR, n, n, a.data(), n, ipiv.begin());
+    const lapack_int factorInfo =
+        details::callLapack(LAPACKE_dgetrf, LAPACK_ROW_MAJOR, n, n, a.data(), n, ipiv.begin());
     OVRIXMATH_RAISE_UNLESS(factorInfo >= 0, eLinearAlgebraMessage, 11);
     if (factorInfo > 0)
         return false;
 
     details::copyElements(b, x.data().begin());
-    const lapack_int solveInfo =
-        LAPACKE_dgetrs(LAPACK_ROW_MAJOR, 'N', n, 1, a.data(), n, ipiv.begin(), x.data().begin(), 1);
+    const lapack_int solveInfo = details::callLapack(LAPACKE_dgetrs, LAPACK_ROW_MAJOR, 'N', n, 1, a.data(), n,
+                                                     ipiv.begin(), x.data().begin(), 1);
     OVRIXMATH_RAISE_UNLESS(solveInfo == 0, eLinearAlgebraMessage, 11);
     return true;
 }
@@ -64,12 +66,12 @@ bool luInverse(Matrix& A)
 
     double* const a = A.data().begin();
     Pivots ipiv(A.size2());
-    const lapack_int factorInfo = LAPACKE_dgetrf(LAPACK_ROW_MAJOR, n, n, a, n, ipiv.begin());
+    const lapack_int factorInfo = details::callLapack(LAPACKE_dgetrf, LAPACK_ROW_MAJOR, n, n, a, n, ipiv.begin());
     OVRIXMATH_RAISE_UNLESS(factorInfo >= 0, eLinearAlgebraMessage, 11);
     if (factorInfo > 0)
         return false;
 
-    const lapack_int inverseInfo = LAPACKE_dgetri(LAPACK_ROW_MAJOR, n, a, n, ipiv.begin());
+    const lapack_int inverseInfo = details::callLapack(LAPACKE_dgetri, LAPACK_ROW_MAJOR, n, a, n, ipiv.begin());
     OVRIXMATH_RAISE_UNLESS(inverseInfo >= 0, eLinearAlgebraMessage, 11);
     return inverseInfo == 0;
 }

@@ -1,3 +1,4 @@
+#include <OVRIXMath/LinearAlgebra/LapackCall.h>
 #include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/QRDecomposition.h>
@@ -26,8 +27,8 @@ bool qrSolve(const Matrix& A, const Vector& b, Vector& x)
     const auto columns = details::toLapackSize(n);
     details::MatrixBuffer a = details::copyOf(A);
     details::VectorBuffer work = details::copyOf(b);
-    const lapack_int info =
-        LAPACKE_dgels(LAPACK_ROW_MAJOR, 'N', details::toLapackSize(m), columns, 1, a.data(), columns, work.data(), 1);
+    const lapack_int info = details::callLapack(LAPACKE_dgels, LAPACK_ROW_MAJOR, 'N', details::toLapackSize(m), columns,
+                                                1, a.data(), columns, work.data(), 1);
     OVRIXMATH_RAISE_UNLESS(info >= 0, eLinearAlgebraMessage, 11);
     if (info > 0)
         return false;
@@ -50,7 +51,8 @@ void qrDecomposition(const Matrix& A, Matrix& Q, Matrix& R)
     details::MatrixBuffer work = details::copyOf(A);
     double* const a = work.data();
     details::VectorBuffer tau(k, details::uninitialised);
-    const lapack_int factorInfo = LAPACKE_dgeqrf(LAPACK_ROW_MAJOR, rows, columns, a, columns, tau.data());
+    const lapack_int factorInfo =
+        details::callLapack(LAPACKE_dgeqrf, LAPACK_ROW_MAJOR, rows, columns, a, columns, tau.data());
     OVRIXMATH_RAISE_UNLESS(factorInfo == 0, eLinearAlgebraMessage, 11);
 
     double* const r = R.data().begin();
@@ -61,7 +63,7 @@ void qrDecomposition(const Matrix& A, Matrix& Q, Matrix& R)
     }
 
     const lapack_int reflectorsInfo =
-        LAPACKE_dorgqr(LAPACK_ROW_MAJOR, rows, reflectors, reflectors, a, columns, tau.data());
+        details::callLapack(LAPACKE_dorgqr, LAPACK_ROW_MAJOR, rows, reflectors, reflectors, a, columns, tau.data());
     OVRIXMATH_RAISE_UNLESS(reflectorsInfo == 0, eLinearAlgebraMessage, 11);
     double* const q = Q.data().begin();
     for (std::size_t i = 0; i < m; ++i)

@@ -1,3 +1,4 @@
+#include <OVRIXMath/LinearAlgebra/LapackCall.h>
 #include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/SingularValueDecomposition.h>
@@ -33,8 +34,8 @@ void decompose(char jobu, char jobvt, std::size_t m, std::size_t n, double* a, d
     OVRIXMATH_RAISE_UNLESS(details::doesSvdEnd(m, n, a), eLinearAlgebraMessage, 11);
     const auto columns = toLapackSize(n);
     VectorBuffer superb(std::min(m, n) - 1, uninitialised);
-    const lapack_int info = LAPACKE_dgesvd(LAPACK_ROW_MAJOR, jobu, jobvt, toLapackSize(m), columns, a, columns, s, u,
-                                           toLapackSize(ldu), vt, columns, superb.data());
+    const lapack_int info = details::callLapack(LAPACKE_dgesvd, LAPACK_ROW_MAJOR, jobu, jobvt, toLapackSize(m), columns,
+                                                a, columns, s, u, toLapackSize(ldu), vt, columns, superb.data());
     OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
 }
 

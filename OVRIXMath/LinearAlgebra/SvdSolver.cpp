@@ -1,3 +1,4 @@
+#include <OVRIXMath/LinearAlgebra/LapackCall.h>
 #include <OVRIXMath/LinearAlgebra/LapackSize.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraLogMessages.h>
 #include <OVRIXMath/LinearAlgebra/SvdSolver.h>
@@ -28,8 +29,8 @@ ovUInt32 svdSolveInPlace(std::size_t nbRows, std::size_t nbColumns, std::size_t 
     const auto nrhs = toLapackSize(nbRhs);
     VectorBuffer s(nbColumns, uninitialised);
     lapack_int rank = 0;
-    const lapack_int info =
-        LAPACKE_dgelss(LAPACK_ROW_MAJOR, m, n, nrhs, a, n, b, nrhs, s.data(), NumericLimits<double>::s_sqrt_eps, &rank);
+    const lapack_int info = callLapack(LAPACKE_dgelss, LAPACK_ROW_MAJOR, m, n, nrhs, a, n, b, nrhs, s.data(),
+                                       NumericLimits<double>::s_sqrt_eps, &rank);
     OVRIXMATH_RAISE_UNLESS(info == 0, eLinearAlgebraMessage, 11);
     return static_cast<ovUInt32>(rank);
 }

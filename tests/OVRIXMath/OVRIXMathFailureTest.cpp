@@ -2,11 +2,12 @@
 #include <OVRIXMath/Estimation/EstimationLogMessages.h>
 #include <OVRIXMath/OVRIXMathFailure.h>
 
+#include <cstddef>
 #include <string>
+#include <support/AtOnce.h>
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
 #include <support/LogLevelScope.h>
-#include <thread>
 #include <vector>
 
 namespace ovrix
@@ -98,18 +99,12 @@ TEST(OVRIXMathFailure, RaisesHappenOnSeveralThreadsAtOnce)
 {
     const LogCapture capture;
     std::vector<int> nbRaises(4);
-    std::vector<std::thread> threads;
-    for (int& nb : nbRaises)
-    {
-        threads.emplace_back(
-            [&nb]
-            {
-                for (int round = 0; round < 50; ++round)
-                    nb += catchRaise().what() == g_ratioText;
-            });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
+    test::runAtOnce(nbRaises.size(),
+                    [&](std::size_t i)
+                    {
+                        for (int round = 0; round < 50; ++round)
+                            nbRaises[i] += catchRaise().what() == g_ratioText;
+                    });
     EXPECT_EQ(nbRaises, std::vector<int>(4, 50));
     EXPECT_EQ(capture.getTexts(), std::vector<std::string>(200, g_ratioText));
 }

@@ -3,9 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <set>
 #include <string>
-#include <thread>
+#include <support/AtOnce.h>
 #include <tuple>
 #include <vector>
 
@@ -58,18 +59,12 @@ TEST(OVRIXMathLog, TheAccessorsGiveTheSameObjectsEachTime)
 TEST(OVRIXMathLog, TheAccessorsGiveTheSameObjectsOnSeveralThreadsAtOnce)
 {
     std::vector<std::set<Objects>> objects(8);
-    std::vector<std::thread> threads;
-    for (std::set<Objects>& seen : objects)
-    {
-        threads.emplace_back(
-            [&seen]
-            {
-                for (int round = 0; round < 1000; ++round)
-                    seen.insert(getObjects());
-            });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
+    test::runAtOnce(objects.size(),
+                    [&](std::size_t i)
+                    {
+                        for (int round = 0; round < 1000; ++round)
+                            objects[i].insert(getObjects());
+                    });
     EXPECT_EQ(objects, std::vector<std::set<Objects>>(8, {getObjects()}));
 }
 

@@ -2,11 +2,12 @@
 #include <OVRIXUtil/DynamicObjectFactory.h>
 #include <OVRIXUtil/DynamicRegistrator.h>
 
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <support/AtOnce.h>
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
-#include <thread>
 #include <typeinfo>
 #include <vector>
 
@@ -196,25 +197,19 @@ TEST(DynamicObjectFactory, ServesSeveralThreadsAtOnce)
 {
     const DynamicRegistrator<Apple> apples;
     std::vector<int> nbCreated(4);
-    std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < nbCreated.size(); ++i)
-    {
-        threads.emplace_back(
-            [&nbCreated, i]
-            {
-                const std::string name = "test::Fruit of thread " + std::to_string(i);
-                for (int round = 0; round < 200; ++round)
-                {
-                    getFactory().registerClass(name, &DynamicRegistrator<Pear>::newCreatorFcn,
-                                               &DynamicRegistrator<Pear>::sharedCreatorFcn);
-                    nbCreated[i] += getFactory().createShared(name)->getClassName() == "test::Pear";
-                    nbCreated[i] += getFactory().createShared("test::Apple")->getClassName() == "test::Apple";
-                    getFactory().unRegisterClass(name);
-                }
-            });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
+    test::runAtOnce(nbCreated.size(),
+                    [&](std::size_t i)
+                    {
+                        const std::string name = "test::Fruit of thread " + std::to_string(i);
+                        for (int round = 0; round < 200; ++round)
+                        {
+                            getFactory().registerClass(name, &DynamicRegistrator<Pear>::newCreatorFcn,
+                                                       &DynamicRegistrator<Pear>::sharedCreatorFcn);
+                            nbCreated[i] += getFactory().createShared(name)->getClassName() == "test::Pear";
+                            nbCreated[i] += getFactory().createShared("test::Apple")->getClassName() == "test::Apple";
+                            getFactory().unRegisterClass(name);
+                        }
+                    });
     EXPECT_EQ(nbCreated, std::vector<int>(4, 400));
 }
 

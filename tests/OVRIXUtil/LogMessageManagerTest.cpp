@@ -3,9 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <set>
 #include <string>
-#include <thread>
+#include <support/AtOnce.h>
 #include <typeinfo>
 #include <vector>
 
@@ -37,11 +38,8 @@ TEST(LogMessageManager, IsOneForEachName)
 TEST(LogMessageManager, IsOneForEachNameOnSeveralThreadsAtOnce)
 {
     std::vector<const LogMessageManager*> managers(8);
-    std::vector<std::thread> threads;
-    for (const LogMessageManager*& pManager : managers)
-        threads.emplace_back([&pManager] { pManager = &LogMessageManager::getInstance("Made by several threads"); });
-    for (std::thread& thread : threads)
-        thread.join();
+    test::runAtOnce(managers.size(),
+                    [&](std::size_t i) { managers[i] = &LogMessageManager::getInstance("Made by several threads"); });
     EXPECT_EQ(std::set<const LogMessageManager*>(managers.begin(), managers.end()).size(), 1u);
 }
 

@@ -2,6 +2,7 @@
 #include <OVRIXMath/Geometry/3d/EulerMatrix.h>
 #include <OVRIXMath/Geometry/3d/Vector3d.h>
 #include <OVRIXMath/LinearAlgebra/EigenDecomposition.h>
+#include <OVRIXMath/LinearAlgebra/LapackCall.h>
 #include <OVRIXMath/Tools/MathUtils.h>
 
 #include <cblas.h>
@@ -20,8 +21,8 @@ using details::Point3d;
 Matrix3d multiply(const Matrix3d& a, const Matrix3d& b)
 {
     Matrix3d product;
-    cblas_dgemm(CblasRowMajor, CblasNoTrans, CblasNoTrans, 3, 3, 3, 1.0, a.data(), 3, b.data(), 3, 0.0, product.data(),
-                3);
+    details::callLapack(cblas_dgemm, CblasRowMajor, CblasNoTrans, CblasNoTrans, 3, 3, 3, 1.0, a.data(), 3, b.data(), 3,
+                        0.0, product.data(), 3);
     return product;
 }
 

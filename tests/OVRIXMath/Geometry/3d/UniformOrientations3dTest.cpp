@@ -15,10 +15,10 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <support/AtOnce.h>
 #include <support/ExpectFailure.h>
 #include <support/HeaderExample.h>
 #include <support/LogCapture.h>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -263,18 +263,12 @@ TEST(ThomsonProblem, GivesEachOfManyThreadsItsWholeTable)
 {
     const std::vector<unsigned long> sizes{400, 1, 399, 12, 250, 3, 400, 100};
     std::vector<Directions> results(sizes.size());
-    std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < sizes.size(); ++i)
-    {
-        threads.emplace_back(
-            [&, i]
-            {
-                for (int repetition = 0; repetition < 200; ++repetition)
-                    results[i] = solveThomsonProblem(sizes[i]);
-            });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
+    test::runAtOnce(sizes.size(),
+                    [&](std::size_t i)
+                    {
+                        for (int repetition = 0; repetition < 200; ++repetition)
+                            results[i] = solveThomsonProblem(sizes[i]);
+                    });
     for (std::size_t i = 0; i < sizes.size(); ++i)
         EXPECT_EQ(numbersOf(results[i]), numbersOf(solveThomsonProblem(sizes[i])));
 }

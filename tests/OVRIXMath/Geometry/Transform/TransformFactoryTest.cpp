@@ -3,11 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <support/AtOnce.h>
 #include <support/Builders.h>
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
 #include <support/Transforms.h>
-#include <thread>
 
 namespace ovrix
 {
@@ -150,7 +151,7 @@ TYPED_TEST(FamilyFactory, EachFailureIsLoggedOnceAsAnErrorOfTheLibrary)
 
 TYPED_TEST(FamilyFactory, TwoThreadsCreateTransformsAtOnce)
 {
-    const auto createAll = [this]
+    const auto createAll = [this](std::size_t)
     {
         for (int round = 0; round < 200; ++round)
         {
@@ -164,10 +165,7 @@ TYPED_TEST(FamilyFactory, TwoThreadsCreateTransformsAtOnce)
             }
         }
     };
-    std::thread first(createAll);
-    std::thread second(createAll);
-    first.join();
-    second.join();
+    test::runAtOnce(2, createAll);
 }
 
 TEST(TransformRegistrator, CreatesADefaultConstructedTransform)
