@@ -1,8 +1,9 @@
 #pragma once
 
+#include <OVRIXMath/Export.h>
+
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
 /// @file
@@ -106,13 +107,15 @@ template <class Kernel, class... Arguments>
 
 #endif
 
-/// Runs a kernel with the widest packs that the processor has: AVX2's, or those of plain x86-64. These are taken as well
-/// if the environment variable OVRIX_NO_AVX2 is set when the process first runs the kernel.
+/// Whether kernels run with AVX2: from the start on if the processor has it. The library's tests set it to false, to
+/// see the same results.
+extern OVRIXMATH_EXPORT bool g_bAvx2;
+
+/// Runs a kernel with the widest packs that the processor has: AVX2's, or those of plain x86-64.
 template <class Kernel, class... Arguments>
 auto runKernel(Arguments... arguments)
 {
 #ifdef __x86_64__
-    static const bool g_bAvx2 = __builtin_cpu_supports("avx2") && std::getenv("OVRIX_NO_AVX2") == nullptr;
     if (g_bAvx2)
         return runKernelOn4Lanes<Kernel>(arguments...);
 #endif

@@ -132,6 +132,7 @@ void AssignmentSearch::runPass()
     Edge edge = findFreeRow();
     if (!edge.exists())
     {
+        // Only a search needs those of the matched rows.
         for (const ovUInt32 row : _matchedRows)
             updateFreeSlack(row);
         edge = search();
@@ -147,7 +148,7 @@ bool AssignmentSearch::listsNearRows() const
 }
 
 /// Free columns are searched before all others, so a free row that is tight with one of them ends the pass at once.
-/// Gives its edge, if there is one.
+/// Brings the slacks of the free rows up to date, and gives that edge, if there is one.
 AssignmentSearch::Edge AssignmentSearch::findFreeRow()
 {
     Edge first;

@@ -36,6 +36,8 @@ namespace details
 /// - Within a pass, labels only change when all visited columns have been searched. So the tight edges of a column are
 ///   those that its slacks show when it is reached. If one leads to a free row, the pass ends with it as soon as the
 ///   columns that were reached before have been searched, and what these would reach does not matter any more.
+/// - The least slack of a row over the free columns holds for as long as no label changes and its column stays free.
+///   Those of matched rows are needed only where no free row ends the pass at once.
 /// - The least slacks over all free columns, with which a pass begins, come from a FreeColumnRanking.
 /// - A pass ends at the latest when the least slack of a free row has fallen to 0. Rows with larger slacks are not
 ///   reached in the pass, so their slacks need not be known. The others come from the NearRows of a visited column,
@@ -113,15 +115,16 @@ private:
     std::vector<double> _freeLabel;         ///< of each free column, infinite for matched columns
     std::vector<double> _matchedLabel;      ///< of each matched column
     std::vector<ovUInt32> _freeRows;        ///< ascending
-    std::vector<ovUInt32> _matchedRows;
-    std::vector<ovUInt32> _freeColumns; ///< ascending
+    std::vector<ovUInt32> _matchedRows;     ///< in the order in which they were matched
+    std::vector<ovUInt32> _freeColumns;     ///< ascending
     std::vector<double> _freeColumnLabel;
     FreeColumnRanking _ranking;
     NearRows _nearRows;
 
-    bool _bLabelsChanged;                   ///< whether labels are others than at the start of the last pass
-    std::vector<double> _freeSlack;         ///< least slack over the free columns at the start of a pass
-    std::vector<ovUInt32> _freeSlackColumn; ///< the first column that has it
+    // Least slacks over the free columns, as updateFreeSlack() left them.
+    bool _bLabelsChanged; ///< whether labels have changed since, or nothing was computed yet
+    std::vector<double> _freeSlack;
+    std::vector<ovUInt32> _freeSlackColumn; ///< the first column that has it; none if it is to be computed anew
     std::vector<ovUInt32> _freeTightColumn; ///< the first free column with a tight edge, if any
     std::vector<Edge> _freeTightEdges;      ///< the edges to these, of rows that have one
     RowSlacks _slacks;                      ///< of unvisited rows, among them all that the pass can reach

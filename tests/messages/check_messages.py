@@ -78,11 +78,11 @@ def find_expected(catalogue):
         # What a test puts between two literals stands for a value.
         source = re.sub(r'"\s*\+[^";]*\+\s*"', "VALUE", source)
         literals += [join(run) for run in re.findall("(?:" + STRING + r"\s*)+", source)]
-    texts = "\n".join(literals)
 
     def is_expected(text):
         parts = [re.escape(part) for part in re.split("%[dfs]", text)]
-        return re.search("[^\n]*".join(parts), texts) is not None
+        pattern = re.compile(".*".join(parts), re.S)
+        return any(pattern.fullmatch(literal) for literal in literals)
 
     return {message for message, text in catalogue.items() if is_expected(text)}
 

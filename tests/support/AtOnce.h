@@ -27,13 +27,21 @@ void runAtOnce(std::size_t nbThreads, const Work& work)
     std::promise<void> start;
     const std::shared_future<void> started(start.get_future());
     std::vector<std::future<void>> calls;
-    for (std::size_t i = 0; i < nbThreads; ++i)
-        calls.push_back(std::async(std::launch::async,
-                                   [&work, started, i]
-                                   {
-                                       started.wait();
-                                       work(i);
-                                   }));
+    try
+    {
+        for (std::size_t i = 0; i < nbThreads; ++i)
+            calls.push_back(std::async(std::launch::async,
+                                       [&work, started, i]
+                                       {
+                                           started.wait();
+                                           work(i);
+                                       }));
+    }
+    catch (...)
+    {
+        start.set_value(); // calls are waited for when their futures go
+        throw;
+    }
     start.set_value();
     for (std::future<void>& call : calls)
         call.get();
