@@ -2,6 +2,8 @@
 #include <OVRIXSerialization/BinaryIArchive.h>
 #include <OVRIXSerialization/ByteOrder.h>
 
+#include <cstdint>
+#include <limits>
 #include <sstream>
 #include <string>
 #include <support/ArchiveForms.h>
@@ -172,6 +174,20 @@ TEST(BinaryIArchive, AChangedByteRaises)
                   makeBinaryHeader() + frame.substr(0, 12) + otherFrame.substr(12));
 }
 
+TEST(BinaryIArchive, AChangedByteOfABlockThatFillsAFrameRaises)
+{
+    const std::string frame = makeBinaryFrame("abcde", 1, true);
+    const std::string otherFrame = makeBinaryFrame("abxde", 1, true);
+    std::istringstream stream(makeBinaryHeader() + makeBinaryFrame("#\5", 0, false) + frame.substr(0, 12) +
+                              otherFrame.substr(12));
+    BinaryIArchive archive(stream);
+    char block[5];
+    expectRaises<OVRIXSerializationException>("Frame 1 of archive has checksum " + getChecksum(frame) +
+                                                  " while its content gives " + getChecksum(otherFrame) +
+                                                  ", in section \"/\"",
+                                              [&] { archive.readBlock(block, sizeof(block)); });
+}
+
 TEST(BinaryIArchive, FramesThatChangedPlacesRaise)
 {
     const std::string first = "b\0\1a\1"s;
@@ -216,6 +232,22 @@ TEST(BinaryIArchive, BytesThatAreNoEntryRaise)
                   makeBinaryArchive({"#\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x02"s}));
     expectRefused("Archive can't be parsed, there is a number of more than 64 bits at offset 11, in section \"/\"",
                   makeBinaryArchive({"#\x80\x80\x80\x80\x80\x80\x80\x80\x80\x80\x01"s}));
+}
+
+TEST(BinaryIArchive, ThePlaceCountsTheFramesThatABlockFills)
+{
+    std::istringstream stream(makeBinaryArchive({"#\5", "ab", "cde", "x"}));
+    BinaryIArchive archive(stream);
+    char block[5];
+    archive.readBlock(block, sizeof(block));
+    expectRaises<OVRIXSerializationException>(
+        "Archive can't be parsed, there is an unknown tag at offset 8, in section \"/\"", [&] { archive.peekEntry(); });
+}
+
+TEST(BinaryIArchive, SizesHaveUpTo64Bits)
+{
+    EXPECT_EQ(peek(makeBinaryArchive({"#\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x01"s})).blockSize,
+              std::numeric_limits<std::uint64_t>::max());
 }
 
 TEST(BinaryIArchive, SizesMayTakeMoreBytesThanTheyNeed)
