@@ -80,6 +80,7 @@ TEST(TextIArchive, NumbersOfOtherWritersAreRead)
 {
     EXPECT_EQ(loadText<double>("double", "1.50"), 1.5);
     EXPECT_EQ(loadText<double>("double", "25e-1"), 2.5);
+    EXPECT_EQ(loadText<double>("double", "0.5000000000000000000"), 0.5);
     EXPECT_EQ(loadText<int>("int32", "-0012"), -12);
 }
 
@@ -93,8 +94,9 @@ TEST(TextIArchive, BadNumbersRaise)
         expectInvalid<long>("int64", text);
     for (const char* text : {"18446744073709551616", "-1"})
         expectInvalid<unsigned long>("uint64", text);
-    for (const char* text : {"", "1,5", "1.5.2", "1e999", "1e-999", "INF", "infinity", "NaN", "-nan", "nan()",
-                             "nan(7ff8)", "nan(3ff0000000000000)", "nan(7ff800000000000g)", "0x1p3"})
+    for (const char* text :
+         {"", "1,5", "1.5.2", "1e999", "1e-999", "INF", "infinity", "NaN", "-nan", "nan()", "nan(7ff8)",
+          "nan(3ff0000000000000)", "nan(7ff800000000000g)", "nan(7ff80000000000000", "nan[7ff8000000000000)", "0x1p3"})
         expectInvalid<double>("double", text);
     for (const char* text : {"", "0", "1", "True", "yes"})
         expectInvalid<bool>("bool", text);
