@@ -299,6 +299,20 @@ TEST(ArchiveMemory, AllContainersOfAnArchiveShareWhatItGrants)
     EXPECT_EQ(archive.grantElements(1000000, 8), 0u);
 }
 
+TEST(ArchiveMemory, ALongArchiveGrants32Mebibytes)
+{
+    std::istringstream stream(save<BinaryForm>(std::string(17 * g_mebibyte, 'x')));
+    BinaryIArchive archive(stream);
+    EXPECT_EQ(archive.grantElements(100 * g_mebibyte, 1), 32 * g_mebibyte);
+}
+
+TEST(ArchiveMemory, AnArchiveOfUnknownLengthGrantsNothing)
+{
+    PipeStream stream(save<BinaryForm>(std::string(1000, 'x')));
+    BinaryIArchive archive(stream);
+    EXPECT_EQ(archive.grantElements(1, 1), 0u);
+}
+
 TEST(ArchiveMemory, ABlockInFrontOfAHoleFillsLittleMemory)
 {
     const std::string head = "{\0\5value{\0\6vectoru\0\4size\0\x28\x6B\xEE"s; // 4 billion elements

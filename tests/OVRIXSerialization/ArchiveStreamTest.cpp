@@ -44,6 +44,16 @@ private:
     std::size_t _rest;
 };
 
+/// Can't be flushed.
+class BlockedBuffer : public std::streambuf
+{
+protected:
+    int sync() override
+    {
+        return -1;
+    }
+};
+
 /// Takes bytes, and fails while it is told to.
 class SwitchedBuffer : public std::streambuf
 {
@@ -217,6 +227,22 @@ TYPED_TEST(ArchiveStream, AStreamThatThrowsRaisesTheSame)
     FullBuffer buffer(20);
     std::ostream stream(&buffer);
     stream.exceptions(std::ios::badbit | std::ios::failbit);
+    const auto write = [&]
+    {
+        typename TypeParam::OArchive archive(stream);
+        archive << makeOItem("value", 1);
+        archive.close();
+    };
+    expectRaises<OVRIXSerializationException>(g_notWritten, write);
+}
+
+TYPED_TEST(ArchiveStream, AStreamThatIsTiedToOneThatThrowsRaisesTheSame)
+{
+    BlockedBuffer buffer;
+    std::ostream other(&buffer);
+    other.exceptions(std::ios::badbit);
+    std::ostringstream stream; // stays good itself
+    stream.tie(&other);
     const auto write = [&]
     {
         typename TypeParam::OArchive archive(stream);

@@ -295,6 +295,18 @@ TEST(BinaryIArchive, ASizeBeyondTheInputRaises)
                                      "ab"s}));
 }
 
+TEST(BinaryIArchive, WhatStandsBeforeTheArchiveDoesNotCountAsInput)
+{
+    const std::string before(100, 'x');
+    std::istringstream stream(before + makeBinaryArchive({"s\0\5value\4abc"s}));
+    stream.ignore(100);
+    BinaryIArchive archive(stream);
+    std::string value;
+    expectRaises<OVRIXSerializationException>(
+        "Size 4 is more than the 3 that what is left of archive can hold, in section \"/\"",
+        [&] { archive >> makeIItem("value", value); });
+}
+
 TEST(BinaryIArchive, ANameInAMessageIsFitToBePrinted)
 {
     std::istringstream stream(makeBinaryArchive({"i\0\6\x1B[31m\n\1\0\0\0"s}));

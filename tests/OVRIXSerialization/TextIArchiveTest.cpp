@@ -283,13 +283,15 @@ TEST(TextIArchive, AnArchiveThatIsCutShortRaises)
     expectNotOpened(text, bytes.substr(0, bytes.size() / 2));
     expectNotOpened(text, bytes.substr(0, 20));
     expectNotOpened(text, bytes.substr(0, bytes.find("</archive>")) + "<!-- <archive/> ");
+    expectNotOpened(text, "<html><p></p>");
 }
 
 TEST(TextIArchive, BrokenXmlThatIsCompleteIsNotCutShort)
 {
     const std::string broken = "<item name=a type=\"int32\">1</item>";
     for (const std::string& bytes : {wrap(broken), wrap(broken) + "<!-- end -->", wrap("<section name=\"s\">"),
-                                     wrap("\xFF") + "<!-- end -->", std::string("<archive format=1/> ")})
+                                     wrap("\xFF") + "<!-- end -->", std::string("<archive format=1/> "),
+                                     std::string("<html lang=en></html>"), std::string("</b><html lang=en></html>")})
     {
         try
         {
