@@ -198,10 +198,13 @@ TYPED_TEST(ArchiveStream, AFileThatIsClosedMeanwhileRaises)
 
 TYPED_TEST(ArchiveStream, AStreamThatHasFailedBeforeRaises)
 {
-    std::stringstream stream;
-    stream.setstate(std::ios::failbit);
-    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { typename TypeParam::OArchive archive(stream); });
-    expectRaises<OVRIXSerializationException>(g_notRead, [&] { typename TypeParam::IArchive archive(stream); });
+    for (const std::ios::iostate state : {std::ios::failbit, std::ios::badbit, std::ios::eofbit})
+    {
+        std::stringstream stream;
+        stream.setstate(state);
+        expectRaises<OVRIXSerializationException>(g_notWritten, [&] { typename TypeParam::OArchive archive(stream); });
+        expectRaises<OVRIXSerializationException>(g_notRead, [&] { typename TypeParam::IArchive archive(stream); });
+    }
 }
 
 TYPED_TEST(ArchiveStream, AStreamThatFailsHalfWayRaises)

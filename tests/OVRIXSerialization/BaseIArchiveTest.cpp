@@ -2,6 +2,7 @@
 #include <OVRIXSerialization/BaseIArchive.h>
 #include <OVRIXUtil/DynamicRegistrator.h>
 
+#include <sstream>
 #include <string>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
@@ -57,6 +58,15 @@ ObjectPtr loadObject(const std::string& bytes)
     ObjectPtr pObject;
     readArchive<Form>(bytes, [&](BaseIArchive& archive) { pObject = archive.readObject("object"); });
     return pObject;
+}
+
+/// Expects that such an entry stands next; it has no size.
+void expectNext(BaseIArchive& archive, eArchiveEntry type, const std::string& name)
+{
+    const ArchiveEntry entry = archive.peekEntry();
+    EXPECT_EQ(entry.type, type);
+    EXPECT_EQ(entry.name, name);
+    EXPECT_EQ(entry.blockSize, 0u);
 }
 
 } // namespace
@@ -161,6 +171,37 @@ TYPED_TEST(ReadObject, NullWithContentRaises)
     expectRaises<OVRIXSerializationException>(
         R"(Expecting the end of section "/object" while archive holds item "extra")",
         [&] { loadObject<TypeParam>(bytes); });
+}
+
+template <class Form>
+class PeekEntry : public ::testing::Test
+{
+};
+
+TYPED_TEST_SUITE(PeekEntry, ArchiveForms);
+
+TYPED_TEST(PeekEntry, TellsWhatStandsNextAndConsumesNothing)
+{
+    std::istringstream stream(writeArchive<TypeParam>(
+        [](BaseOArchive& archive)
+        {
+            const ArchiveSectionManager section(archive, "section");
+            archive << makeOItem("item", 7L);
+        }));
+    typename TypeParam::IArchive archive(stream);
+    for (int i = 0; i < 2; ++i)
+        expectNext(archive, eAE_Section, "section");
+    archive.openSection("section");
+    for (int i = 0; i < 2; ++i)
+        expectNext(archive, eAE_Int64, "item");
+    long value = 0;
+    archive >> makeIItem("item", value);
+    EXPECT_EQ(value, 7);
+    for (int i = 0; i < 2; ++i)
+        expectNext(archive, eAE_SectionEnd, "");
+    archive.closeSection();
+    for (int i = 0; i < 2; ++i)
+        expectNext(archive, eAE_ArchiveEnd, "");
 }
 
 } // namespace test
