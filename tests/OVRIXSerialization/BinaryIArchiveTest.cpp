@@ -250,6 +250,17 @@ TEST(BinaryIArchive, SizesHaveUpTo64Bits)
               std::numeric_limits<std::uint64_t>::max());
 }
 
+TEST(BinaryIArchive, TheNumberOfTheNameAfterTheLastOneRaises)
+{
+    std::istringstream stream(makeBinaryArchive({"i\0\1a\1\0\0\0i\2\2\0\0\0i\1\3\0\0\0"s}));
+    BinaryIArchive archive(stream);
+    int value = 0;
+    archive >> makeIItem("a", value);
+    expectRaises<OVRIXSerializationException>(
+        "Archive can't be parsed, there is a name number that was given to no name at offset 10, in section \"/\"",
+        [&] { archive >> makeIItem("a", value); });
+}
+
 TEST(BinaryIArchive, SizesMayTakeMoreBytesThanTheyNeed)
 {
     // The name "a" under the number 0, then under the number 1, in two and in three bytes.
