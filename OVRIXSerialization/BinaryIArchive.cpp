@@ -214,16 +214,15 @@ private:
     std::uint64_t readVarint()
     {
         std::uint64_t value = 0;
-        for (unsigned int shift = 0; shift < 64; shift += 7)
+        for (unsigned int shift = 0;; shift += 7)
         {
             const std::uint64_t bits = readNumber<unsigned char>();
             if (shift == 63 && bits > 1)
-                break;
+                raiseMalformed("there is a number of more than 64 bits");
             value |= (bits & 0x7F) << shift;
             if (bits < 0x80)
                 return value;
         }
-        raiseMalformed("there is a number of more than 64 bits");
     }
 
     details::BinaryFrameReader _frames;

@@ -338,7 +338,7 @@ BaseIArchive::BlockGrant TextIArchive::openBlock(std::size_t)
     details::raiseFailure(OVRIX_FAILURE_SITE, 21);
 }
 
-void TextIArchive::readBlockPart(void*, std::size_t) {}
+void TextIArchive::readBlockPart(void*, std::size_t) {} // openBlock() has raised
 
 std::string_view TextIArchive::processOpenSection(std::string_view name)
 {

@@ -26,19 +26,23 @@ void checkMemory(bool bDone)
         throw std::bad_alloc();
 }
 
+// Elements and attributes get their names by set_name(): what appends them with a name does not tell when there is no
+// memory for it, and leaves them without.
+
 void appendAttribute(pugi::xml_node element, const char* name, const std::string& value)
 {
-    checkMemory(element.append_attribute(name).set_value(value.c_str()));
+    pugi::xml_attribute attribute = element.append_attribute("");
+    checkMemory(attribute.set_name(name) && attribute.set_value(value.c_str()));
 }
 
 /// Appends an element and fills it; where memory is short nothing is left of it.
 template <class Fill>
 pugi::xml_node appendElement(pugi::xml_node parent, const char* name, const Fill& fill)
 {
-    const pugi::xml_node element = parent.append_child(name);
-    checkMemory(!element.empty());
+    pugi::xml_node element = parent.append_child(pugi::node_element);
     try
     {
+        checkMemory(element.set_name(name));
         fill(element);
     }
     catch (...)

@@ -10,6 +10,7 @@
 #include <support/AllocationCount.h>
 #include <support/ArchiveForms.h>
 #include <support/BinaryArchiveBytes.h>
+#include <support/FailingTreeAllocation.h>
 #include <support/PipeStream.h>
 #include <support/SparseFile.h>
 #include <vector>
@@ -298,6 +299,20 @@ TEST(ArchiveMemory, AllContainersOfAnArchiveShareWhatItGrants)
     EXPECT_EQ(archive.grantElements(1000000, 8), 0u);
 }
 
+TEST(ArchiveMemory, ALongArchiveGrants32Mebibytes)
+{
+    std::istringstream stream(save<BinaryForm>(std::string(17 * g_mebibyte, 'x')));
+    BinaryIArchive archive(stream);
+    EXPECT_EQ(archive.grantElements(100 * g_mebibyte, 1), 32 * g_mebibyte);
+}
+
+TEST(ArchiveMemory, AnArchiveOfUnknownLengthGrantsNothing)
+{
+    PipeStream stream(save<BinaryForm>(std::string(1000, 'x')));
+    BinaryIArchive archive(stream);
+    EXPECT_EQ(archive.grantElements(1, 1), 0u);
+}
+
 TEST(ArchiveMemory, ABlockInFrontOfAHoleFillsLittleMemory)
 {
     const std::string head = "{\0\5value{\0\6vectoru\0\4size\0\x28\x6B\xEE"s; // 4 billion elements
@@ -346,6 +361,47 @@ TYPED_TEST(ArchiveMemory, WhatFailsForLackOfMemoryCanBeDoneAgain)
         ASSERT_EQ(stream.str().substr(0, bytes.size()), bytes) << "failure of allocation " << nbFailures;
     }
     EXPECT_GT(nbFailures, 3 * g_nbSections);
+}
+
+TEST(ArchiveMemory, WhatFailsForLackOfMemoryForItsTreeCanBeDoneAgain)
+{
+    // The tree takes its memory in pages. The padding moves the end of the first one through all that entries need.
+    for (std::size_t padding = 0; padding < 512; padding += 8)
+    {
+        const auto write = [padding](BaseOArchive& archive)
+        {
+            archive << makeOItem("padding", std::string(padding, 'x'));
+            for (int i = 0; i < 100; ++i)
+            {
+                insist([&] { archive.openSection("section"); });
+                insist([&] { archive.writeItem("item", "text"); });
+                archive.closeSection();
+            }
+        };
+        const std::string bytes = writeArchive<TextForm>(write);
+        const FailingTreeAllocation failure(1);
+        ASSERT_TRUE(writeArchive<TextForm>(write) == bytes) << padding;
+        ASSERT_TRUE(failure.hasFailed());
+    }
+}
+
+TEST(ArchiveMemory, ATextIsNotBegunWithoutMemoryForItsTree)
+{
+    std::ostringstream stream;
+    const FailingTreeAllocation failure(0);
+    EXPECT_THROW(TextOArchive archive(stream), std::bad_alloc);
+    EXPECT_EQ(stream.str(), "");
+}
+
+TEST(ArchiveMemory, ATextIsNotReadWithoutMemoryForItsTree)
+{
+    const std::string bytes = save<TextForm>(std::vector<int>(1000, 7));
+    for (std::size_t nbPages = 0; nbPages < 3; ++nbPages)
+    {
+        std::istringstream stream(bytes);
+        const FailingTreeAllocation failure(nbPages);
+        EXPECT_THROW(TextIArchive archive(stream), std::bad_alloc) << nbPages;
+    }
 }
 
 TEST(ArchiveMemory, WritingItemsTakesNoMemoryPerItem)

@@ -44,6 +44,16 @@ private:
     std::size_t _rest;
 };
 
+/// Can't be flushed.
+class BlockedBuffer : public std::streambuf
+{
+protected:
+    int sync() override
+    {
+        return -1;
+    }
+};
+
 /// Takes bytes, and fails while it is told to.
 class SwitchedBuffer : public std::streambuf
 {
@@ -87,6 +97,67 @@ private:
     Thrown _thrown;
 };
 
+/// Gives a number of bytes, and finds at their end that they were not the right ones, as a buffer that unpacks them may.
+class UnpackingBuffer : public std::streambuf
+{
+public:
+    UnpackingBuffer(std::string bytes, std::istream& stream) : _bytes(std::move(bytes)), _stream(stream)
+    {
+        setg(&_bytes[0], &_bytes[0], &_bytes[0] + _bytes.size());
+    }
+
+protected:
+    int_type underflow() override
+    {
+        _stream.setstate(std::ios::badbit);
+        return traits_type::eof();
+    }
+
+private:
+    std::string _bytes;
+    std::istream& _stream;
+};
+
+/// Gives bytes, and tells how many it takes them for.
+class TellingBuffer : public std::streambuf
+{
+public:
+    TellingBuffer(std::string bytes, std::streamoff toldSize, bool bSettable)
+        : _bytes(std::move(bytes)), _toldSize(toldSize), _bSettable(bSettable)
+    {
+        setg(&_bytes[0], &_bytes[0], &_bytes[0] + _bytes.size());
+    }
+
+protected:
+    pos_type seekoff(off_type, std::ios::seekdir direction, std::ios::openmode) override
+    {
+        return direction == std::ios::end ? pos_type(_toldSize) : pos_type(gptr() - eback());
+    }
+
+    pos_type seekpos(pos_type position, std::ios::openmode) override
+    {
+        return _bSettable ? position : pos_type(off_type(-1));
+    }
+
+private:
+    std::string _bytes;
+    std::streamoff _toldSize;
+    bool _bSettable;
+};
+
+/// Expects that the bytes of such a buffer are read as those of a pipe, whatever it tells of their number.
+template <class Form>
+void expectReadLikeAPipe(std::streamoff toldSize, bool bSettable)
+{
+    const std::string text(100000, 'x');
+    TellingBuffer buffer(save<Form>(text), toldSize, bSettable);
+    std::istream stream(&buffer);
+    std::string value;
+    typename Form::IArchive archive(stream);
+    archive >> makeIItem("value", value);
+    EXPECT_EQ(value, text);
+}
+
 } // namespace
 
 template <class Form>
@@ -127,10 +198,13 @@ TYPED_TEST(ArchiveStream, AFileThatIsClosedMeanwhileRaises)
 
 TYPED_TEST(ArchiveStream, AStreamThatHasFailedBeforeRaises)
 {
-    std::stringstream stream;
-    stream.setstate(std::ios::failbit);
-    expectRaises<OVRIXSerializationException>(g_notWritten, [&] { typename TypeParam::OArchive archive(stream); });
-    expectRaises<OVRIXSerializationException>(g_notRead, [&] { typename TypeParam::IArchive archive(stream); });
+    for (const std::ios::iostate state : {std::ios::failbit, std::ios::badbit, std::ios::eofbit})
+    {
+        std::stringstream stream;
+        stream.setstate(state);
+        expectRaises<OVRIXSerializationException>(g_notWritten, [&] { typename TypeParam::OArchive archive(stream); });
+        expectRaises<OVRIXSerializationException>(g_notRead, [&] { typename TypeParam::IArchive archive(stream); });
+    }
 }
 
 TYPED_TEST(ArchiveStream, AStreamThatFailsHalfWayRaises)
@@ -156,6 +230,22 @@ TYPED_TEST(ArchiveStream, AStreamThatThrowsRaisesTheSame)
     FullBuffer buffer(20);
     std::ostream stream(&buffer);
     stream.exceptions(std::ios::badbit | std::ios::failbit);
+    const auto write = [&]
+    {
+        typename TypeParam::OArchive archive(stream);
+        archive << makeOItem("value", 1);
+        archive.close();
+    };
+    expectRaises<OVRIXSerializationException>(g_notWritten, write);
+}
+
+TYPED_TEST(ArchiveStream, AStreamThatIsTiedToOneThatThrowsRaisesTheSame)
+{
+    BlockedBuffer buffer;
+    std::ostream other(&buffer);
+    other.exceptions(std::ios::badbit);
+    std::ostringstream stream; // stays good itself
+    stream.tie(&other);
     const auto write = [&]
     {
         typename TypeParam::OArchive archive(stream);
@@ -367,6 +457,21 @@ TYPED_TEST(ArchiveStream, ADeviceThatBreaksHalfWayRaises)
     }
 }
 
+TYPED_TEST(ArchiveStream, AStreamThatIsBrokenAtItsEndRaises)
+{
+    const std::string bytes = save<TypeParam>(7);
+    std::istream stream(nullptr);
+    UnpackingBuffer buffer(bytes.substr(0, bytes.size() - 1), stream);
+    stream.rdbuf(&buffer);
+    const auto read = [&]
+    {
+        int value = 0;
+        typename TypeParam::IArchive archive(stream);
+        archive >> makeIItem("value", value);
+    };
+    expectRaises<OVRIXSerializationException>(g_notRead, read);
+}
+
 TYPED_TEST(ArchiveStream, AStreamThatThrowsAtItsEndIsRead)
 {
     std::istringstream stream(save<TypeParam>(7));
@@ -386,6 +491,27 @@ TYPED_TEST(ArchiveStream, APipeIsRead)
     typename TypeParam::IArchive archive(stream);
     archive >> makeIItem("value", restored);
     EXPECT_EQ(restored, values);
+}
+
+TYPED_TEST(ArchiveStream, AStreamThatTellsThatItIsEmptyIsReadLikeAPipe)
+{
+    expectReadLikeAPipe<TypeParam>(0, true);
+}
+
+TYPED_TEST(ArchiveStream, AStreamThatCannotBeSetBackIsReadLikeAPipe)
+{
+    expectReadLikeAPipe<TypeParam>(20, false);
+}
+
+TEST(ArchiveStream, ABlockOfAPipeThatIsCutShortRaises)
+{
+    std::string block(300000, 'x');
+    const std::string bytes =
+        writeArchive<BinaryForm>([&](BaseOArchive& archive) { archive.writeBlock(block.data(), block.size()); });
+    PipeStream stream(bytes.substr(0, 100000));
+    BinaryIArchive archive(stream);
+    expectRaises<OVRIXSerializationException>("Archive is cut short, expecting more of a frame, in section \"/\"",
+                                              [&] { archive.readBlock(&block[0], block.size()); });
 }
 
 TYPED_TEST(ArchiveStream, AFileIsRead)

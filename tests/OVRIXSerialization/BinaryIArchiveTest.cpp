@@ -2,6 +2,8 @@
 #include <OVRIXSerialization/BinaryIArchive.h>
 #include <OVRIXSerialization/ByteOrder.h>
 
+#include <cstdint>
+#include <limits>
 #include <sstream>
 #include <string>
 #include <support/ArchiveForms.h>
@@ -172,6 +174,20 @@ TEST(BinaryIArchive, AChangedByteRaises)
                   makeBinaryHeader() + frame.substr(0, 12) + otherFrame.substr(12));
 }
 
+TEST(BinaryIArchive, AChangedByteOfABlockThatFillsAFrameRaises)
+{
+    const std::string frame = makeBinaryFrame("abcde", 1, true);
+    const std::string otherFrame = makeBinaryFrame("abxde", 1, true);
+    std::istringstream stream(makeBinaryHeader() + makeBinaryFrame("#\5", 0, false) + frame.substr(0, 12) +
+                              otherFrame.substr(12));
+    BinaryIArchive archive(stream);
+    char block[5];
+    expectRaises<OVRIXSerializationException>("Frame 1 of archive has checksum " + getChecksum(frame) +
+                                                  " while its content gives " + getChecksum(otherFrame) +
+                                                  ", in section \"/\"",
+                                              [&] { archive.readBlock(block, sizeof(block)); });
+}
+
 TEST(BinaryIArchive, FramesThatChangedPlacesRaise)
 {
     const std::string first = "b\0\1a\1"s;
@@ -218,6 +234,33 @@ TEST(BinaryIArchive, BytesThatAreNoEntryRaise)
                   makeBinaryArchive({"#\x80\x80\x80\x80\x80\x80\x80\x80\x80\x80\x01"s}));
 }
 
+TEST(BinaryIArchive, ThePlaceCountsTheFramesThatABlockFills)
+{
+    std::istringstream stream(makeBinaryArchive({"#\5", "ab", "cde", "x"}));
+    BinaryIArchive archive(stream);
+    char block[5];
+    archive.readBlock(block, sizeof(block));
+    expectRaises<OVRIXSerializationException>(
+        "Archive can't be parsed, there is an unknown tag at offset 8, in section \"/\"", [&] { archive.peekEntry(); });
+}
+
+TEST(BinaryIArchive, SizesHaveUpTo64Bits)
+{
+    EXPECT_EQ(peek(makeBinaryArchive({"#\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x01"s})).blockSize,
+              std::numeric_limits<std::uint64_t>::max());
+}
+
+TEST(BinaryIArchive, TheNumberOfTheNameAfterTheLastOneRaises)
+{
+    std::istringstream stream(makeBinaryArchive({"i\0\1a\1\0\0\0i\2\2\0\0\0i\1\3\0\0\0"s}));
+    BinaryIArchive archive(stream);
+    int value = 0;
+    archive >> makeIItem("a", value);
+    expectRaises<OVRIXSerializationException>(
+        "Archive can't be parsed, there is a name number that was given to no name at offset 10, in section \"/\"",
+        [&] { archive >> makeIItem("a", value); });
+}
+
 TEST(BinaryIArchive, SizesMayTakeMoreBytesThanTheyNeed)
 {
     // The name "a" under the number 0, then under the number 1, in two and in three bytes.
@@ -261,6 +304,18 @@ TEST(BinaryIArchive, ASizeBeyondTheInputRaises)
     expectRefused("Size 1000000 is more than the 2 that what is left of archive can hold, in section \"/\"",
                   makeBinaryArchive({"i\0\xC0\x84\x3D"
                                      "ab"s}));
+}
+
+TEST(BinaryIArchive, WhatStandsBeforeTheArchiveDoesNotCountAsInput)
+{
+    const std::string before(100, 'x');
+    std::istringstream stream(before + makeBinaryArchive({"s\0\5value\4abc"s}));
+    stream.ignore(100);
+    BinaryIArchive archive(stream);
+    std::string value;
+    expectRaises<OVRIXSerializationException>(
+        "Size 4 is more than the 3 that what is left of archive can hold, in section \"/\"",
+        [&] { archive >> makeIItem("value", value); });
 }
 
 TEST(BinaryIArchive, ANameInAMessageIsFitToBePrinted)

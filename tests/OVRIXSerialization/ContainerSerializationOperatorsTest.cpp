@@ -411,15 +411,30 @@ TYPED_TEST(ContainerSerialization, KeysOutOfOrderPass)
     EXPECT_EQ(keys, (std::set<int>{1, 2, 3}));
 }
 
+/// Expects that an element of type T can't take a value that a text holds.
+template <class T, class Item>
+void expectOutOfRange(Item item, const std::string& text, const std::string& type)
+{
+    const std::string bytes = save<TextForm>(std::vector<Item>{Item(), item});
+    std::vector<T> values{7};
+    expectRaises<OVRIXSerializationException>("Item \"value\" holds \"" + text +
+                                                  "\", which is not a valid value of type " + type +
+                                                  ", in section \"/value/vector\"",
+                                              [&] { load<TextForm>(bytes, values); });
+    EXPECT_EQ(values, std::vector<T>{7});
+}
+
 TEST(ContainerSerialization, ATextThatIsOutOfTheRangeOfTheElementsRaises)
 {
-    const std::string bytes = save<TextForm>(std::vector<int>{300});
-    std::vector<std::int8_t> values;
-    expectRaises<OVRIXSerializationException>(
-        "Item \"value\" holds \"300\", which is not a valid value of type int8, in section \"/value/vector\"",
-        [&] { load<TextForm>(bytes, values); });
-    std::vector<float> reals;
-    EXPECT_THROW(load<TextForm>(save<TextForm>(std::vector<double>{1e300}), reals), OVRIXSerializationException);
+    expectOutOfRange<std::int8_t>(128, "128", "int8");
+    expectOutOfRange<std::int8_t>(-129, "-129", "int8");
+    expectOutOfRange<std::int16_t>(32768, "32768", "int16");
+    expectOutOfRange<std::int16_t>(-32769, "-32769", "int16");
+    expectOutOfRange<std::uint8_t>(256u, "256", "uint8");
+    expectOutOfRange<std::uint16_t>(65536u, "65536", "uint16");
+    const double max = std::numeric_limits<float>::max();
+    expectOutOfRange<float>(std::nextafter(max, 1e300), "3.402823466385289e+38", "float32");
+    expectOutOfRange<float>(-1e300, "-1e+300", "float32");
 }
 
 TEST(ContainerSerialization, ABlockOfAnotherSizeRaises)

@@ -1,6 +1,7 @@
 #include <OVRIXSerialization/SerializationItem.h>
 
 #include <limits>
+#include <sstream>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
 
@@ -121,6 +122,33 @@ TYPED_TEST(SerializationItem, AnItemOfAnotherNameRaises)
         R"(Expecting item "value" while archive holds item "found", in section "/")",
         [&] { load<TypeParam>(bytes, value); });
     EXPECT_EQ(value, 7);
+}
+
+TYPED_TEST(SerializationItem, AnItemOfAnotherNameThatWasMetBeforeRaises)
+{
+    const std::string names[] = {"a", "b", "c", "d"};
+    for (const std::string& found : names)
+    {
+        const std::string bytes = writeArchive<TypeParam>(
+            [&](BaseOArchive& archive)
+            {
+                for (const std::string& name : names)
+                    archive << makeOItem(name, 1);
+                archive << makeOItem(found, 2) << makeOItem("last", 3);
+            });
+        for (const std::string& wanted : names)
+        {
+            std::istringstream stream(bytes);
+            typename TypeParam::IArchive archive(stream);
+            int value = 0;
+            for (const std::string& name : names)
+                archive >> makeIItem(name, value);
+            if (wanted != found)
+            {
+                EXPECT_THROW(archive >> makeIItem(wanted, value), OVRIXSerializationException) << wanted << found;
+            }
+        }
+    }
 }
 
 TYPED_TEST(SerializationItem, AnItemOfAnotherTypeRaises)

@@ -80,6 +80,7 @@ TEST(TextIArchive, NumbersOfOtherWritersAreRead)
 {
     EXPECT_EQ(loadText<double>("double", "1.50"), 1.5);
     EXPECT_EQ(loadText<double>("double", "25e-1"), 2.5);
+    EXPECT_EQ(loadText<double>("double", "0.5000000000000000000"), 0.5);
     EXPECT_EQ(loadText<int>("int32", "-0012"), -12);
 }
 
@@ -93,8 +94,9 @@ TEST(TextIArchive, BadNumbersRaise)
         expectInvalid<long>("int64", text);
     for (const char* text : {"18446744073709551616", "-1"})
         expectInvalid<unsigned long>("uint64", text);
-    for (const char* text : {"", "1,5", "1.5.2", "1e999", "1e-999", "INF", "infinity", "NaN", "-nan", "nan()",
-                             "nan(7ff8)", "nan(3ff0000000000000)", "nan(7ff800000000000g)", "0x1p3"})
+    for (const char* text :
+         {"", "1,5", "1.5.2", "1e999", "1e-999", "INF", "infinity", "NaN", "-nan", "nan()", "nan(7ff8)",
+          "nan(3ff0000000000000)", "nan(7ff800000000000g)", "nan(7ff80000000000000", "nan[7ff8000000000000)", "0x1p3"})
         expectInvalid<double>("double", text);
     for (const char* text : {"", "0", "1", "True", "yes"})
         expectInvalid<bool>("bool", text);
@@ -281,13 +283,15 @@ TEST(TextIArchive, AnArchiveThatIsCutShortRaises)
     expectNotOpened(text, bytes.substr(0, bytes.size() / 2));
     expectNotOpened(text, bytes.substr(0, 20));
     expectNotOpened(text, bytes.substr(0, bytes.find("</archive>")) + "<!-- <archive/> ");
+    expectNotOpened(text, "<html><p></p>");
 }
 
 TEST(TextIArchive, BrokenXmlThatIsCompleteIsNotCutShort)
 {
     const std::string broken = "<item name=a type=\"int32\">1</item>";
     for (const std::string& bytes : {wrap(broken), wrap(broken) + "<!-- end -->", wrap("<section name=\"s\">"),
-                                     wrap("\xFF") + "<!-- end -->", std::string("<archive format=1/> ")})
+                                     wrap("\xFF") + "<!-- end -->", std::string("<archive format=1/> "),
+                                     std::string("<html lang=en></html>"), std::string("</b><html lang=en></html>")})
     {
         try
         {

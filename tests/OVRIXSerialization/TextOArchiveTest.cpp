@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 #include <sstream>
+#include <string_view>
 #include <support/ArchiveForms.h>
 #include <support/ExpectFailure.h>
 
@@ -96,6 +97,31 @@ TEST(TextOArchive, BytesThatOnlyLookLikeUtf8AreEscaped)
     EXPECT_EQ(getText(std::string("\xED\xA0\x80")), "\\xed\\xa0\\x80");
     EXPECT_EQ(getText(std::string("\xEF\xBF\xBE")), "\\xef\\xbf\\xbe");
     EXPECT_EQ(getText(std::string("\xF4\x90\x80\x80")), "\\xf4\\x90\\x80\\x80");
+}
+
+TEST(TextOArchive, TheFirstAndLastCharactersOfEachLengthStandForThemselves)
+{
+    for (const char* text : {"\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80", "\xEF\xBF\xBD",
+                             "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"})
+        EXPECT_EQ(getText(std::string(text)), text);
+}
+
+TEST(TextOArchive, BytesNextToThoseCharactersAreEscaped)
+{
+    EXPECT_EQ(getText(std::string("\x80")), "\\x80");
+    EXPECT_EQ(getText(std::string("\xC1\xBF")), "\\xc1\\xbf");
+    EXPECT_EQ(getText(std::string("\xE0\x9F\xBF")), "\\xe0\\x9f\\xbf");
+    EXPECT_EQ(getText(std::string("\xED\xBF\xBF")), "\\xed\\xbf\\xbf");
+    EXPECT_EQ(getText(std::string("\xEF\xBF\xBF")), "\\xef\\xbf\\xbf");
+    EXPECT_EQ(getText(std::string("\xF0\x8F\xBF\xBF")), "\\xf0\\x8f\\xbf\\xbf");
+}
+
+TEST(TextOArchive, WhatStandsBehindATextIsNoPartOfItsLastCharacter)
+{
+    const std::string_view text = "\xC3\xA4";
+    const std::string bytes =
+        writeArchive<TextForm>([&](BaseOArchive& archive) { archive.writeItem("value", text.substr(0, 1)); });
+    EXPECT_NE(bytes.find(">\\xc3</item>"), std::string::npos);
 }
 
 TEST(TextOArchive, NothingIsWrittenBeforeClose)

@@ -137,6 +137,9 @@ TEST(UnHandleException, IsMadeFromNothing)
 {
     const UnHandleException exception;
     EXPECT_STREQ(exception.what(), "Unhandled exception");
+    EXPECT_EQ(exception.getFunction(), "");
+    EXPECT_EQ(exception.getFile(), "");
+    EXPECT_EQ(exception.getLine(), 0u);
     EXPECT_EQ(exception.getCause(), nullptr);
 }
 

@@ -1,4 +1,3 @@
-#include <OVRIXUtil/BaseDynamicObject.h>
 #include <OVRIXUtil/DynamicObjectFactory.h>
 #include <OVRIXUtil/DynamicRegistrator.h>
 
@@ -8,6 +7,7 @@
 #include <support/AtOnce.h>
 #include <support/ExpectFailure.h>
 #include <support/LogCapture.h>
+#include <support/StatelessObject.h>
 #include <typeinfo>
 #include <vector>
 
@@ -17,41 +17,7 @@ namespace ovrix
 namespace
 {
 
-/// A dynamic object without state.
-template <class Derived>
-class StatelessObject : public BaseDynamicObject
-{
-public:
-    const std::string& getClassName() const override
-    {
-        return Derived::getTypeName();
-    }
-
-    BaseDynamicObject* createNew() const override
-    {
-        return new Derived;
-    }
-
-    DynamicObjectPtr createShared() const override
-    {
-        return boost::make_shared<Derived>();
-    }
-
-    bool hasCopySupport() const override
-    {
-        return true;
-    }
-
-    BaseDynamicObject* duplicate() const override
-    {
-        return new Derived;
-    }
-
-    DynamicObjectPtr duplicateShared() const override
-    {
-        return boost::make_shared<Derived>();
-    }
-};
+using test::StatelessObject;
 
 class Apple : public StatelessObject<Apple>
 {

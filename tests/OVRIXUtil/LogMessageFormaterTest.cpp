@@ -206,6 +206,25 @@ TEST(LogMessageFormater, ACopyGoesOnByItself)
     EXPECT_EQ(formater.string(), "{1, }");
 }
 
+TEST(LogMessageFormater, AnAssignedOneGoesOnByItself)
+{
+    LogMessageFormater formater = makeFormater("{%d, %d}");
+    formater % 1u;
+    LogMessageFormater assigned(LogMessageManager::getInstance("LogMessageFormaterTest"));
+    EXPECT_EQ(&(assigned = formater), &assigned);
+    assigned % 2u;
+    EXPECT_EQ(assigned.string(), "{1, 2}");
+    EXPECT_EQ(formater.string(), "{1, }");
+}
+
+TEST(LogMessageFormater, TakesTheCatalogueOverWhenItIsAssigned)
+{
+    const LogMessageFormater formater = makeFormater("A text");
+    LogMessageFormater assigned(LogMessageManager::getInstance("LogMessageFormaterTest.Empty"));
+    assigned = formater;
+    EXPECT_EQ(assigned.setMsgId("Given", 0).string(), "A text");
+}
+
 TEST(LogMessageFormater, RaisesForAnUnknownDomain)
 {
     test::expectRaises<OVRIXUtilException>(
