@@ -201,13 +201,15 @@ protected:
     static details::NotDeclared describeItems(Items& items, Self& self);
 
 private:
-    /// Initialised while the class's library is being loaded, and makes the mutexes.
+    /// Initialised while the class's library is being loaded; makes the mutexes, and the name, which so outlives the
+    /// static objects of a program.
     static const bool s_bMutexesMade;
 };
 
 template <class Derived, class Base>
 const bool SerializableClass<Derived, Base>::s_bMutexesMade = (details::TypeNameMutex<Derived>::get(),
-                                                               details::VersionMutex<Derived>::get(), true);
+                                                               details::VersionMutex<Derived>::get(), getTypeName(),
+                                                               true);
 
 // The bodies of the next two stand outside of the class, so that they are made in one source file only, where the class
 // describes its items.
