@@ -3,6 +3,7 @@
 #include <OVRIXMath/Estimation/EstimationUtils.h>
 #include <OVRIXMath/Geometry/2d/Transform/Transform2dFactory.h>
 #include <OVRIXMath/OVRIXMathException.h>
+#include <OVRIXMath/OVRIXMathLog.h>
 #include <OVRIXMath/Statistics/GaussianCurve2dEstimator.h>
 #include <OVRIXSerialization/BinaryIArchive.h>
 #include <OVRIXSerialization/BinaryOArchive.h>
@@ -73,6 +74,12 @@ bool archives()
            pRestored->getClassName() == pPartition->getClassName();
 }
 
+bool names()
+{
+    return BaseDataPartition::getTypeName() == "ovrix::math::BaseDataPartition" &&
+           BaseDataPartition::getVersion() == 1 && getOVRIXMathLoggerName() == "OVRIX.OVRIXMath";
+}
+
 /// Whether `call` raises an Exception whose text is the one line that it writes to the log.
 template <class Exception, class Call>
 bool failsWith(const std::string& logger, const Call& call, const std::string& text)
@@ -116,10 +123,10 @@ bool creates()
 
 void useLibrary(const char* when)
 {
-    std::printf("%s main: %s%s%s%s%s\n", when, fits() ? "fit " : "",
+    std::printf("%s main: %s%s%s%s%s%s\n", when, fits() ? "fit " : "",
                 archives<BinaryOArchive, BinaryIArchive>() ? "binary " : "",
-                archives<TextOArchive, TextIArchive>() ? "text " : "", fails() ? "failure " : "",
-                creates() ? "transform" : "");
+                archives<TextOArchive, TextIArchive>() ? "text " : "", names() ? "names " : "",
+                fails() ? "failure " : "", creates() ? "transform" : "");
 }
 
 } // namespace test
