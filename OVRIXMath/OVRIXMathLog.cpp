@@ -27,8 +27,9 @@ using LoggerNameMutex = AccessorMutex<struct LoggerNameTag>;
 using LoggerMutex = AccessorMutex<struct LoggerTag>;
 using ManagerMutex = AccessorMutex<struct ManagerTag>;
 
-// The mutexes exist before any thread can reach an accessor.
-const bool g_bMutexesCreated = (LoggerNameMutex::get(), LoggerMutex::get(), ManagerMutex::get(), true);
+// The mutexes exist before any thread can reach an accessor. The logger and its name are made at load too, so that they
+// outlive the static objects of a program: these may still fail in their destructors.
+const bool g_bCreated = (LoggerNameMutex::get(), LoggerMutex::get(), ManagerMutex::get(), getOVRIXMathLogger(), true);
 
 using Lock = boost::lock_guard<boost::mutex>;
 

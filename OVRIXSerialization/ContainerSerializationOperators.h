@@ -63,7 +63,8 @@ namespace details
 template <class T>
 const std::string& getSharedPtrSectionName()
 {
-    static const std::string g_name = "shared_ptr<" + T::getTypeName() + ">";
+    // Never destroyed: static objects of an application may still write and read during its exit.
+    static const auto& g_name = *new std::string("shared_ptr<" + T::getTypeName() + ">");
     return g_name;
 }
 

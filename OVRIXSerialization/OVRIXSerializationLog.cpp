@@ -4,6 +4,14 @@
 namespace ovrix
 {
 
+namespace
+{
+
+// Created at load, so that it outlives the static objects of a program: these may still fail in their destructors.
+const bool g_bLoggerCreated = (getOVRIXSerializationLogger(), true);
+
+} // namespace
+
 log4cplus::Logger& getOVRIXSerializationLogger()
 {
     static log4cplus::Logger g_logger = log4cplus::Logger::getInstance(getBaseLoggerName() + ".OVRIXSerialization");

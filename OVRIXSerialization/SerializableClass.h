@@ -144,19 +144,10 @@ class SerializableClass : public Base
 {
 public:
     /// Full name of the class, under which archives and the DynamicObjectFactory know it.
-    static const std::string& getTypeName()
-    {
-        const boost::lock_guard<boost::mutex> lock(details::TypeNameMutex<Derived>::get());
-        static const std::string g_typeName = SerializableAccess::className<Derived>();
-        return g_typeName;
-    }
+    static const std::string& getTypeName();
 
     /// Version of the class's archive form.
-    static ovUInt32 getVersion()
-    {
-        const boost::lock_guard<boost::mutex> lock(details::VersionMutex<Derived>::get());
-        return SerializableAccess::classVersion<Derived>();
-    }
+    static ovUInt32 getVersion();
 
     /// getTypeName().
     const std::string& getClassName() const override
@@ -201,16 +192,34 @@ protected:
     static details::NotDeclared describeItems(Items& items, Self& self);
 
 private:
-    /// Initialised while the class's library is being loaded, and makes the mutexes.
+    /// Initialised while the class's library is being loaded; makes the mutexes, and the name, which so outlives the
+    /// static objects of a program.
     static const bool s_bMutexesMade;
 };
 
 template <class Derived, class Base>
 const bool SerializableClass<Derived, Base>::s_bMutexesMade = (details::TypeNameMutex<Derived>::get(),
-                                                               details::VersionMutex<Derived>::get(), true);
+                                                               details::VersionMutex<Derived>::get(), getTypeName(),
+                                                               true);
 
-// The bodies of the next two stand outside of the class, so that they are made in one source file only, where the class
-// describes its items.
+// The bodies of the next ones stand outside of the class, so that those of an `extern template` are made in one source
+// file only: where the class describes its items, and where its mutexes and its name are made at load. A copy that the
+// compiler put into a program would have mutexes of its own.
+
+template <class Derived, class Base>
+const std::string& SerializableClass<Derived, Base>::getTypeName()
+{
+    const boost::lock_guard<boost::mutex> lock(details::TypeNameMutex<Derived>::get());
+    static const std::string g_typeName = SerializableAccess::className<Derived>();
+    return g_typeName;
+}
+
+template <class Derived, class Base>
+ovUInt32 SerializableClass<Derived, Base>::getVersion()
+{
+    const boost::lock_guard<boost::mutex> lock(details::VersionMutex<Derived>::get());
+    return SerializableAccess::classVersion<Derived>();
+}
 
 template <class Derived, class Base>
 BoolResult SerializableClass<Derived, Base>::write(BaseOArchive& archive) const

@@ -7,8 +7,9 @@ namespace ovrix
 namespace
 {
 
-// Created at load: a logger that is created before its parent hangs below log4cplus's own root.
-const bool g_bBaseLoggerCreated = (getBaseLogger(), true);
+// Created at load: a logger that is created before its parent hangs below log4cplus's own root, and one that is created
+// after a static object of a program is gone when that object fails in its destructor.
+const bool g_bLoggersCreated = (getBaseLogger(), getOVRIXUtilLogger(), true);
 
 /// Whether an event of the logger would reach an appender: its own, or one of a parent that it passes events on to.
 bool hasAppender(log4cplus::Logger logger)
