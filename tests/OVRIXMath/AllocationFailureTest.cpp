@@ -1,15 +1,19 @@
 // Memory that runs out at every allocation in turn: std::bad_alloc comes out, and what was under way can be done again
 // with the same objects.
 
+#include <OVRIXMath/Estimation/EstimationLogMessages.h>
 #include <OVRIXMath/Estimation/EstimationUtils.h>
 #include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
 #include <OVRIXMath/OVRIXMathException.h>
+#include <OVRIXMath/OVRIXMathLog.h>
 #include <OVRIXMath/Optimization/NonLinearSolver.h>
 #include <OVRIXMath/Statistics/Histogram.h>
 #include <OVRIXSerialization/ContainerSerializationOperators.h>
+#include <OVRIXUtil/LogMessageFormater.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/make_shared.hpp>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -242,11 +246,36 @@ TEST(AllocationFailure, LeavesASolverWithoutAResultThatSolvesAgain)
     EXPECT_GT(nbFailures, 20u);
 }
 
+TEST(AllocationFailure, GivesNoMessageWithoutItsArguments)
+{
+    const auto format = []
+    {
+        return (LogMessageFormater(getOVRIXMathLogMessageManager())[eEstimationMessage::domain(17)] % 20ul % 30ul)
+            .string();
+    };
+    ASSERT_THAT(format(), testing::HasSubstr("30"));
+    const std::size_t nbFailures =
+        failEachAllocation([] { return std::string(); }, [&](std::string& text) { text = format(); },
+                           [](const std::string& text) { EXPECT_EQ(text, ""); });
+    EXPECT_GT(nbFailures, 5u);
+}
+
 /// Archives of both forms.
 template <class Form>
 class AllocationFailureOfArchives : public testing::Test
 {
 protected:
+    /// An archive, opened, and what is read from it.
+    template <class T>
+    struct Reading
+    {
+        Reading(const std::string& bytes, const T& before) : stream(bytes), archive(stream), restored(before) {}
+
+        std::istringstream stream;
+        typename Form::IArchive archive;
+        T restored;
+    };
+
     /// Reads a value with each allocation failing in turn, then once more.
     ///
     /// @param before what the value is read into
@@ -254,20 +283,12 @@ protected:
     template <class T, class CheckFailed>
     static void expectReadAgain(const T& value, const T& before, const CheckFailed& checkFailed)
     {
-        struct Reading
-        {
-            Reading(const std::string& bytes, const T& before) : stream(bytes), archive(stream), restored(before) {}
-
-            std::istringstream stream;
-            typename Form::IArchive archive;
-            T restored;
-        };
         const std::string bytes = test::save<Form>(value);
         const std::size_t nbFailures =
-            failEachAllocation([&] { return std::make_unique<Reading>(bytes, before); },
-                               [](const std::unique_ptr<Reading>& pReading)
+            failEachAllocation([&] { return std::make_unique<Reading<T>>(bytes, before); },
+                               [](const std::unique_ptr<Reading<T>>& pReading)
                                { pReading->archive >> makeIItem("value", pReading->restored); },
-                               [&](const std::unique_ptr<Reading>& pReading)
+                               [&](const std::unique_ptr<Reading<T>>& pReading)
                                {
                                    checkFailed(pReading->restored);
                                    test::load<Form>(bytes, pReading->restored);
