@@ -31,6 +31,7 @@ struct FedArgument
 template <class T>
 std::ostream& operator<<(std::ostream& stream, const FedArgument<T>& argument)
 {
+    // A stream takes a null pointer for a failure; in a text it stands for nothing.
     if constexpr (std::is_pointer<T>::value)
         if (argument.value == nullptr)
             return stream;
