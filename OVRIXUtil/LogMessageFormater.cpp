@@ -1,7 +1,10 @@
 #include <OVRIXUtil/LogMessageFormater.h>
 #include <OVRIXUtil/OVRIXUtilFailure.h>
 
+#include <ios>
 #include <locale>
+#include <ostream>
+#include <type_traits>
 
 namespace ovrix
 {
@@ -15,6 +18,25 @@ boost::format makeFormat(const std::string& text)
     boost::format format(text, std::locale::classic());
     format.exceptions(boost::io::all_error_bits ^ boost::io::too_few_args_bit);
     return format;
+}
+
+/// An argument on its way into the text. A stream keeps std::bad_alloc to itself unless told otherwise, and the text
+/// would come out without the argument.
+template <class T>
+struct FedArgument
+{
+    const T& value;
+};
+
+template <class T>
+std::ostream& operator<<(std::ostream& stream, const FedArgument<T>& argument)
+{
+    // A stream takes a null pointer for a failure; in a text it stands for nothing.
+    if constexpr (std::is_pointer<T>::value)
+        if (argument.value == nullptr)
+            return stream;
+    stream.exceptions(std::ios_base::badbit);
+    return stream << argument.value;
 }
 
 /// What a formatter holds until a text is selected; never destroyed, as the catalogues.
@@ -47,7 +69,7 @@ LogMessageFormater& LogMessageFormater::operator%(const T& argument)
 {
     boost::format& format = getFormat();
     OVRIXUTIL_RAISE_UNLESS(format.remaining_args() > 0, eOVRIXUtilErrors, 1, string());
-    format % argument;
+    format % FedArgument<T>{argument};
     return *this;
 }
 

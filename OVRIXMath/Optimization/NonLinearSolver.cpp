@@ -131,12 +131,14 @@ OptResult NonLinearSolver::solve(const CostFunctionConstPtr& pCostFunction, cons
               wa3.data(), _trialEquations.data().begin());
 
     const Outcome outcome = interpret(info, _equations);
-    _status = outcome.status;
     setToZero(_equations, _trialParams, _trialEquations, _jacobian);
 
     // The placeholder of texts 17 and 18 stays unfed: the reason in _errorMsg is kept out of them on purpose.
-    return {_status, ovrix::details::formatMessage<eOptimizationMessage::domain>(getOVRIXMathLogMessageManager(),
-                                                                                 outcome.messageId)};
+    OptResult result = {outcome.status, ovrix::details::formatMessage<eOptimizationMessage::domain>(
+                                            getOVRIXMathLogMessageManager(), outcome.messageId)};
+    // Only now, as a solve that finds no memory for the text has no result.
+    _status = outcome.status;
+    return result;
 }
 
 ovUInt32 NonLinearSolver::getNbIteration() const

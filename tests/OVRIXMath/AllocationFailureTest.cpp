@@ -1,19 +1,32 @@
 // Memory that runs out at every allocation in turn: std::bad_alloc comes out, and what was under way can be done again
 // with the same objects.
 
+#include <OVRIXMath/Estimation/EstimationLogMessages.h>
 #include <OVRIXMath/Estimation/EstimationUtils.h>
+#include <OVRIXMath/LinearAlgebra/LinearAlgebraSerializationOperators.h>
 #include <OVRIXMath/OVRIXMathException.h>
+#include <OVRIXMath/OVRIXMathLog.h>
+#include <OVRIXMath/Optimization/NonLinearSolver.h>
 #include <OVRIXMath/Statistics/Histogram.h>
+#include <OVRIXSerialization/ContainerSerializationOperators.h>
+#include <OVRIXUtil/LogMessageFormater.h>
 #include <OVRIXUtil/RandomUniformGenerator.h>
 
 #include <boost/make_shared.hpp>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstddef>
+#include <map>
 #include <memory>
+#include <numeric>
 #include <sstream>
+#include <string>
 #include <support/AllocationCount.h>
 #include <support/ArchiveForms.h>
 #include <support/Builders.h>
+#include <support/CostFunctions.h>
 #include <support/GreyHistogram.h>
 #include <support/LineEstimator.h>
 #include <support/RandomData.h>
@@ -87,6 +100,7 @@ struct Analysis
         RandomUniformGenerator::getGen().seed(1);
         histogram.updateCumulated();
         maxima = histogram.findLocalMaxima(true, eEBP_Exclude, 3.0, 100);
+        dilatedMaxima = histogram.findLocalDilatedMaxima(50, eEBP_Exclude, 3.0, 100);
         histogram.getFrequencies(frequencies);
         EstimationConfig config;
         config.initRANSAC(300.0, 0.3);
@@ -96,9 +110,33 @@ struct Analysis
 
     Histogram<false> histogram;
     clustering::UInt32Vector maxima;
+    std::vector<HistogramExtrema> dilatedMaxima;
     std::vector<double> frequencies;
     std::vector<double> fit;
 };
+
+EstimationConfig makeConfig()
+{
+    EstimationConfig config;
+    config.initRANSAC(2.0, 0.3);
+    return config;
+}
+
+Matrix makeTable()
+{
+    Matrix table(100, 70);
+    std::iota(table.data().begin(), table.data().end(), 0.5);
+    return table;
+}
+
+using NamedNumbers = std::map<std::string, std::vector<double>>;
+
+NamedNumbers makeNamedNumbers()
+{
+    return {{"the name of a few numbers", {1.0, 2.5}},
+            {"the name of no numbers at all", {}},
+            {"the name of one more number", {-3.0}}};
+}
 
 } // namespace
 
@@ -132,6 +170,7 @@ TEST(AllocationFailure, LeavesAHistogramThatIsAnalysedAgain)
     Analysis wanted;
     wanted.run();
     ASSERT_FALSE(wanted.maxima.empty());
+    ASSERT_FALSE(wanted.dilatedMaxima.empty());
 
     const std::size_t nbFailures =
         failEachAllocation([] { return std::make_unique<Analysis>(); },
@@ -140,10 +179,85 @@ TEST(AllocationFailure, LeavesAHistogramThatIsAnalysedAgain)
                            {
                                pAnalysis->run();
                                EXPECT_EQ(pAnalysis->maxima, wanted.maxima);
+                               EXPECT_EQ(pAnalysis->dilatedMaxima, wanted.dilatedMaxima);
                                EXPECT_EQ(pAnalysis->frequencies, wanted.frequencies);
                                EXPECT_EQ(pAnalysis->fit, wanted.fit);
                            });
     EXPECT_GT(nbFailures, 20u);
+}
+
+TEST(AllocationFailure, LeavesAHistogramThatIsClusteredAgain)
+{
+    Histogram<true> histogram;
+    histogram.initFromExisting(0.0, 7.0, 1.0, {2, 3, 1, 0, 0, 1, 2, 3}, eHOOBP_Ignored);
+    clustering::KMeansClusteringPtr pClustering;
+    const auto run = [&](const Histogram<true>& target)
+    {
+        RandomUniformGenerator::getGen().seed(1);
+        pClustering = target.applyKMeansClustering(2, false, clustering::KMeansClusteringConfig());
+    };
+    run(histogram);
+    const clustering::UInt32Vector wanted = pClustering->getAssignments();
+
+    const std::size_t nbFailures = failEachAllocation([&] { return histogram; }, run,
+                                                      [&](const Histogram<true>& target)
+                                                      {
+                                                          run(target);
+                                                          EXPECT_EQ(pClustering->getAssignments(), wanted);
+                                                      });
+    EXPECT_GT(nbFailures, 20u);
+}
+
+TEST(AllocationFailure, LeavesASolverWithoutAResultThatSolvesAgain)
+{
+    // Without derivatives of its own, so that the solver's callbacks take memory as well.
+    const auto makeProblem = []
+    {
+        return boost::make_shared<test::FreeCostFunction>(2u, 4u,
+                                                          [](const Vector& params, Vector& equations)
+                                                          {
+                                                              for (std::size_t i = 0; i < 4; ++i)
+                                                                  equations[i] = params[0] * std::exp(-params[1] * i) -
+                                                                                 std::exp2(-double(i)) - 0.01 * (i % 2);
+                                                              return BoolResult(true);
+                                                          });
+    };
+    const Vector start = test::makeVector({2.0, 0.1});
+    NonLinearSolver wanted;
+    const OptResult wantedResult = wanted.solve(makeProblem(), start);
+    ASSERT_EQ(wantedResult.status, eOS_Converged);
+
+    CostFunctionConstPtr pProblem;
+    const std::size_t nbFailures = failEachAllocation(
+        [&]
+        {
+            pProblem = makeProblem();
+            return wanted;
+        },
+        [&](NonLinearSolver& solver) { solver.solve(pProblem, start); },
+        [&](NonLinearSolver& solver)
+        {
+            EXPECT_THROW(solver.getEstimParams(), OVRIXMathException);
+            const OptResult result = solver.solve(pProblem, start);
+            EXPECT_EQ(result.msg, wantedResult.msg);
+            EXPECT_EQ(toStd(solver.getEstimParams()), toStd(wanted.getEstimParams()));
+            EXPECT_EQ(solver.getNbIteration(), wanted.getNbIteration());
+        });
+    EXPECT_GT(nbFailures, 20u);
+}
+
+TEST(AllocationFailure, GivesNoMessageWithoutItsArguments)
+{
+    const auto format = []
+    {
+        return (LogMessageFormater(getOVRIXMathLogMessageManager())[eEstimationMessage::domain(17)] % 20ul % 30ul)
+            .string();
+    };
+    ASSERT_THAT(format(), testing::HasSubstr("30"));
+    const std::size_t nbFailures =
+        failEachAllocation([] { return std::string(); }, [&](std::string& text) { text = format(); },
+                           [](const std::string& text) { EXPECT_EQ(text, ""); });
+    EXPECT_GT(nbFailures, 5u);
 }
 
 /// Archives of both forms.
@@ -151,17 +265,57 @@ template <class Form>
 class AllocationFailureOfArchives : public testing::Test
 {
 protected:
-    static void write(std::ostream& stream, const EstimationConfig& config)
+    /// An archive, opened, and what is read from it.
+    template <class T>
+    struct Reading
     {
-        typename Form::OArchive archive(stream);
-        archive << makeOItem("config", config);
-        archive.close();
+        Reading(const std::string& bytes, const T& before) : stream(bytes), archive(stream), restored(before) {}
+
+        std::istringstream stream;
+        typename Form::IArchive archive;
+        T restored;
+    };
+
+    /// Reads a value with each allocation failing in turn, then once more.
+    ///
+    /// @param before what the value is read into
+    /// @param checkFailed is called with that after each failure
+    template <class T, class CheckFailed>
+    static void expectReadAgain(const T& value, const T& before, const CheckFailed& checkFailed)
+    {
+        const std::string bytes = test::save<Form>(value);
+        const std::size_t nbFailures =
+            failEachAllocation([&] { return std::make_unique<Reading<T>>(bytes, before); },
+                               [](const std::unique_ptr<Reading<T>>& pReading)
+                               { pReading->archive >> makeIItem("value", pReading->restored); },
+                               [&](const std::unique_ptr<Reading<T>>& pReading)
+                               {
+                                   checkFailed(pReading->restored);
+                                   test::load<Form>(bytes, pReading->restored);
+                                   EXPECT_EQ(test::save<Form>(pReading->restored), bytes);
+                               });
+        EXPECT_GT(nbFailures, 0u);
     }
 
-    static void read(std::istream& stream, EstimationConfig& config)
+    /// Writes a value with each allocation failing in turn, then once more.
+    template <class T>
+    static void expectWrittenAgain(const T& value)
     {
-        typename Form::IArchive archive(stream);
-        archive >> makeIItem("config", config);
+        const std::string bytes = test::save<Form>(value);
+        const std::size_t nbFailures = failEachAllocation(
+            [&]
+            {
+                // Room enough: a stream that finds no memory does not raise, but fails.
+                return std::make_unique<std::ostringstream>(std::string(2 * bytes.size(), ' '));
+            },
+            [&](const std::unique_ptr<std::ostringstream>& pStream)
+            {
+                typename Form::OArchive archive(*pStream);
+                archive << makeOItem("value", value);
+                archive.close();
+            },
+            [&](const std::unique_ptr<std::ostringstream>&) { EXPECT_EQ(test::save<Form>(value), bytes); });
+        EXPECT_GT(nbFailures, 3u);
     }
 };
 
@@ -169,51 +323,51 @@ TYPED_TEST_SUITE(AllocationFailureOfArchives, test::ArchiveForms, );
 
 TYPED_TEST(AllocationFailureOfArchives, LeavesAConfigurationNotInitialisedThatIsReadAgain)
 {
-    EstimationConfig config;
-    config.initRANSAC(2.0, 0.3);
-    std::stringstream stream;
-    this->write(stream, config);
-
-    const std::size_t nbFailures = failEachAllocation(
-        [&]
-        {
-            stream.clear();
-            stream.seekg(0);
-            return EstimationConfig();
-        },
-        [&](EstimationConfig& restored) { this->read(stream, restored); },
-        [&](EstimationConfig& restored)
-        {
-            EXPECT_THROW(restored.getOutlierThreshold(), OVRIXMathException);
-            stream.clear();
-            stream.seekg(0);
-            this->read(stream, restored);
-            EXPECT_EQ(restored.getOutlierThreshold(), 2.0);
-        });
-    EXPECT_GT(nbFailures, 5u);
+    this->expectReadAgain(makeConfig(), EstimationConfig(),
+                          [](const EstimationConfig& config)
+                          { EXPECT_THROW(config.getOutlierThreshold(), OVRIXMathException); });
 }
 
 TYPED_TEST(AllocationFailureOfArchives, LeavesAConfigurationThatIsWrittenAgain)
 {
-    EstimationConfig config;
-    config.initRANSAC(2.0, 0.3);
-    std::ostringstream wanted;
-    this->write(wanted, config);
+    this->expectWrittenAgain(makeConfig());
+}
 
-    const std::size_t nbFailures = failEachAllocation(
-        [&]
-        {
-            // Room enough: a stream that finds no memory does not raise, but fails.
-            return std::make_unique<std::ostringstream>(std::string(2 * wanted.str().size(), ' '));
-        },
-        [&](const std::unique_ptr<std::ostringstream>& pStream) { this->write(*pStream, config); },
-        [&](const std::unique_ptr<std::ostringstream>&)
-        {
-            std::ostringstream again;
-            this->write(again, config);
-            EXPECT_EQ(again.str(), wanted.str());
-        });
-    EXPECT_GT(nbFailures, 5u);
+TYPED_TEST(AllocationFailureOfArchives, LeavesAHistogramNotInitialisedThatIsReadAgain)
+{
+    const Analysis analysis;
+    Histogram<false> before;
+    before.updateHistogramParams(0.0, 1.0, 2u, eHOOBP_Ignored);
+    this->expectReadAgain(analysis.histogram, before,
+                          [](const Histogram<false>& histogram)
+                          { EXPECT_THROW(histogram.checkInit(), OVRIXMathException); });
+}
+
+TYPED_TEST(AllocationFailureOfArchives, LeavesAHistogramThatIsWrittenAgain)
+{
+    this->expectWrittenAgain(Analysis().histogram);
+}
+
+TYPED_TEST(AllocationFailureOfArchives, LeavesAMatrixAsItWasThatIsReadAgain)
+{
+    const Matrix before = test::makeMatrix({{7.0, 8.0, 9.0}});
+    this->expectReadAgain(makeTable(), before, [&](const Matrix& matrix) { EXPECT_EQ(toStd(matrix), toStd(before)); });
+}
+
+TYPED_TEST(AllocationFailureOfArchives, LeavesAMatrixThatIsWrittenAgain)
+{
+    this->expectWrittenAgain(makeTable());
+}
+
+TYPED_TEST(AllocationFailureOfArchives, LeavesAMapAsItWasThatIsReadAgain)
+{
+    const NamedNumbers before = {{"a name from before that takes memory", {1.0}}};
+    this->expectReadAgain(makeNamedNumbers(), before, [&](const NamedNumbers& map) { EXPECT_EQ(map, before); });
+}
+
+TYPED_TEST(AllocationFailureOfArchives, LeavesAMapThatIsWrittenAgain)
+{
+    this->expectWrittenAgain(makeNamedNumbers());
 }
 
 } // namespace math

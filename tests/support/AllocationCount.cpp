@@ -10,6 +10,7 @@ namespace
 std::atomic<std::size_t> g_nbAllocations{0};
 std::atomic<std::size_t> g_largestAllocation{0};
 std::atomic<std::ptrdiff_t> g_nbUntilFailure{-1}; ///< allocations before the one that fails; negative for none
+std::atomic<bool> g_bThrown{false}; ///< whether operator new threw since the last FailingAllocation was made
 
 /// Takes memory and counts it; null where there is none, or is to be none.
 void* allocate(std::size_t size)
@@ -30,6 +31,7 @@ void* operator new(std::size_t size)
 {
     if (void* const pMemory = allocate(size))
         return pMemory;
+    g_bThrown.store(true, std::memory_order_relaxed);
     throw std::bad_alloc();
 }
 
@@ -96,6 +98,7 @@ void ovrix::test::resetLargestAllocation()
 
 ovrix::test::FailingAllocation::FailingAllocation(std::size_t nbBefore)
 {
+    g_bThrown.store(false, std::memory_order_relaxed);
     g_nbUntilFailure.store(static_cast<std::ptrdiff_t>(nbBefore), std::memory_order_relaxed);
 }
 
@@ -107,4 +110,9 @@ ovrix::test::FailingAllocation::~FailingAllocation()
 bool ovrix::test::FailingAllocation::hasFailed() const
 {
     return g_nbUntilFailure.load(std::memory_order_relaxed) < 0;
+}
+
+bool ovrix::test::FailingAllocation::hasThrown() const
+{
+    return hasFailed() && g_bThrown.load(std::memory_order_relaxed);
 }

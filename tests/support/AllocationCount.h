@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <new>
 
@@ -43,14 +45,20 @@ public:
 
     /// Whether that allocation has come.
     bool hasFailed() const;
+
+    /// Whether that allocation has come and threw; false where it gave null.
+    bool hasThrown() const;
 };
 
 /// Calls a function on an object with the first of its allocations failing, on another such object with the second, and
 /// so on until none fails.
 ///
+/// A call that returns although an allocation threw has swallowed std::bad_alloc, which is a failure of the test. One
+/// that returns after an allocation that gave null has made do without that memory, as std::stable_sort can.
+///
 /// @param make gives the object
 /// @param call is called with the object, and lets std::bad_alloc pass
-/// @param check is called with the object after each failure
+/// @param check is called with the object after each failure that was not swallowed
 /// @return number of failures
 template <class Make, class Call, class Check>
 std::size_t failEachAllocation(const Make& make, const Call& call, const Check& check)
@@ -64,11 +72,17 @@ std::size_t failEachAllocation(const Make& make, const Call& call, const Check& 
             call(object);
             if (!failing.hasFailed())
                 return nbFailures;
+            if (failing.hasThrown())
+            {
+                ADD_FAILURE() << "std::bad_alloc did not come out; allocations before it: " << nbFailures;
+                continue;
+            }
         }
         catch (const std::bad_alloc&)
         {
-            check(object);
+            // As it should be.
         }
+        check(object);
     }
 }
 
