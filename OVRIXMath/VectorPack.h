@@ -107,8 +107,8 @@ template <class Kernel, class... Arguments>
 
 #endif
 
-/// Whether kernels run with AVX2: from the start on if the processor has it. The library's tests set it to false, to
-/// see the same results.
+/// Whether kernels run with AVX2: once the library is loaded, if the processor has it. The library's tests set it to
+/// false before anything runs, to see the same results.
 extern OVRIXMATH_EXPORT bool g_bAvx2;
 
 /// Runs a kernel with the widest packs that the processor has: AVX2's, or those of plain x86-64.

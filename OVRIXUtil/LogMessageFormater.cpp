@@ -69,7 +69,10 @@ LogMessageFormater& LogMessageFormater::operator%(const T& argument)
 {
     boost::format& format = getFormat();
     OVRIXUTIL_RAISE_UNLESS(format.remaining_args() > 0, eOVRIXUtilErrors, 1, string());
-    format % FedArgument<T>{argument};
+    // To a copy: where memory runs out, boost::format keeps what it has made of the argument and starts with that.
+    boost::format fed(format);
+    fed % FedArgument<T>{argument};
+    format.swap(fed);
     return *this;
 }
 

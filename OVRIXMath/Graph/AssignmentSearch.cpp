@@ -132,7 +132,7 @@ void AssignmentSearch::runPass()
     Edge edge = findFreeRow();
     if (!edge.exists())
     {
-        // Only a search needs those of the matched rows.
+        // Only a search needs the slacks of matched rows.
         for (const ovUInt32 row : _matchedRows)
             updateFreeSlack(row);
         edge = search();

@@ -37,7 +37,6 @@ namespace details
 ///   those that its slacks show when it is reached. If one leads to a free row, the pass ends with it as soon as the
 ///   columns that were reached before have been searched, and what these would reach does not matter any more.
 /// - The least slack of a row over the free columns holds for as long as no label changes and its column stays free.
-///   Those of matched rows are needed only where no free row ends the pass at once.
 /// - The least slacks over all free columns, with which a pass begins, come from a FreeColumnRanking.
 /// - A pass ends at the latest when the least slack of a free row has fallen to 0. Rows with larger slacks are not
 ///   reached in the pass, so their slacks need not be known. The others come from the NearRows of a visited column,

@@ -72,8 +72,8 @@ public:
     /// problem with residuals fails. Texts 17 and 18 end where the reason would stand: the cost function's own text
     /// never reaches them. Both are meant and callers rely on it.
     ///
-    /// What a cost function throws reaches the caller as it is, and so does std::bad_alloc. There is no result then, and
-    /// the solver may be used again.
+    /// What a cost function throws reaches the caller as it is, and so does std::bad_alloc. There is no result then,
+    /// and the solver may be used again.
     ///
     /// @param pCostFunction the problem; the solver holds it until clearResults()
     /// @param initParams n values. This must not be the vector that getEstimParams() refers to, which is cleared first:

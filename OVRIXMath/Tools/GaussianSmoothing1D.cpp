@@ -27,7 +27,7 @@ std::vector<float> computeKernel(float sigma, int size, std::ptrdiff_t first, st
         return std::vector<float>(static_cast<std::size_t>(end - first), 1.0f);
 
     std::vector<float> kernel(static_cast<std::size_t>(end - first), 0.0f);
-    // A half is rounded up above 0 only, and this is below.
+    // The size is odd, so this ends in a half and is below 0; it stays, as only a positive half would be rounded up.
     const float start = static_cast<float>(-size * 0.5);
     const long firstPosition = static_cast<long>(start);
     const long lastPosition = static_cast<long>(static_cast<float>(size) + start);

@@ -109,8 +109,8 @@ void fillWeights(Problem& problem)
             problem.getWeights(row)[column] = random.real(0.0, 10.0);
 }
 
-/// Points of a Gaussian of each thread, to within a percent. They lie on the axes, as the fit of more than one dimension
-/// leaves products of coordinates out.
+/// Points of a Gaussian of each thread, to within a percent. They lie on the axes, as the fit of more than one
+/// dimension leaves products of coordinates out.
 std::vector<DataSet> drawGaussians(ovUInt32 nbDims)
 {
     test::RandomData random(11);

@@ -15,8 +15,18 @@ namespace details
 namespace
 {
 
-/// Before any test runs.
-const bool g_bWithoutAvx2 = std::getenv("OVRIX_TESTS_WITHOUT_AVX2") != nullptr && !(g_bAvx2 = false);
+/// Switches AVX2 off where the environment says so.
+///
+/// @return whether it did
+bool switchOffAvx2()
+{
+    if (std::getenv("OVRIX_TESTS_WITHOUT_AVX2") == nullptr)
+        return false;
+    g_bAvx2 = false;
+    return true;
+}
+
+const bool g_bWithoutAvx2 = switchOffAvx2(); // before any test runs
 
 struct CountLanes
 {

@@ -97,7 +97,8 @@ private:
     Thrown _thrown;
 };
 
-/// Gives a number of bytes, and finds at their end that they were not the right ones, as a buffer that unpacks them may.
+/// Gives a number of bytes, and finds at their end that they were not the right ones, as a buffer that unpacks them
+/// may.
 class UnpackingBuffer : public std::streambuf
 {
 public:

@@ -3,6 +3,7 @@
 #include <limits>
 #include <locale>
 #include <string>
+#include <support/AllocationCount.h>
 #include <support/ExpectFailure.h>
 #include <typeinfo>
 
@@ -69,6 +70,32 @@ private:
 };
 
 } // namespace
+
+TEST(LogMessageFormater, ANullPointerStandsForNothing)
+{
+    EXPECT_EQ(format("<%s>", static_cast<const char*>(nullptr)), "<>");
+}
+
+TEST(LogMessageFormater, PadsAndSignsNumbers)
+{
+    EXPECT_EQ(format("<%08d>", 42u), "<00000042>");
+    EXPECT_EQ(format("<%+09.2f>", 3.14159), "<+00003.14>");
+    EXPECT_EQ(format("<%6s>", std::string("abc")), "<   abc>");
+    EXPECT_EQ(format("<%-6s>", std::string("abc")), "<abc   >");
+}
+
+TEST(LogMessageFormater, CanBeFedAgainAfterWantOfMemory)
+{
+    const std::string argument(1000, 'x');
+    const std::size_t nbFailures = test::failEachAllocation([] { return makeFormater("{%s, %s}"); },
+                                                            [&](LogMessageFormater& formater) { formater % argument; },
+                                                            [&](LogMessageFormater& formater)
+                                                            {
+                                                                formater % argument % std::string("y");
+                                                                EXPECT_EQ(formater.string(), "{" + argument + ", y}");
+                                                            });
+    EXPECT_GT(nbFailures, 3u);
+}
 
 TEST(LogMessageFormater, IsCompleteWithoutArgumentsWhenTheTextHasNoPlaceholder)
 {

@@ -27,6 +27,7 @@ void runAtOnce(std::size_t nbThreads, const Work& work)
     std::promise<void> start;
     const std::shared_future<void> started(start.get_future());
     std::vector<std::future<void>> calls;
+    calls.reserve(nbThreads);
     try
     {
         for (std::size_t i = 0; i < nbThreads; ++i)
