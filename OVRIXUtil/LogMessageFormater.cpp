@@ -20,6 +20,21 @@ boost::format makeFormat(const std::string& text)
     return format;
 }
 
+/// Has the characters of texts converted once. libstdc++ remembers each when it is converted first, without a lock, and
+/// texts are read on any thread.
+bool convertCharacters()
+{
+    const auto& facet = std::use_facet<std::ctype<char>>(std::locale::classic());
+    for (int code = 0; code < 256; ++code)
+    {
+        facet.narrow(static_cast<char>(code), '\0');
+        facet.widen(static_cast<char>(code));
+    }
+    return true;
+}
+
+const bool g_bCharactersConverted = convertCharacters();
+
 /// An argument on its way into the text. A stream keeps std::bad_alloc to itself unless told otherwise, and the text
 /// would come out without the argument.
 template <class T>
