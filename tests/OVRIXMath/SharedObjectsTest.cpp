@@ -18,7 +18,6 @@
 #include <cmath>
 #include <cstddef>
 #include <random>
-#include <sstream>
 #include <string>
 #include <support/AtOnce.h>
 #include <support/Builders.h>
@@ -30,6 +29,7 @@
 #include <support/LineEstimator.h>
 #include <support/RandomData.h>
 #include <support/RingsAndMoons.h>
+#include <support/TextOf.h>
 #include <support/Transforms.h>
 #include <vector>
 
@@ -54,16 +54,8 @@ using test::expectSuccess;
 using test::makeVector;
 using test::Outcome;
 using test::outcomeOf;
+using test::textOf;
 using test::toStd;
-
-/// What the object is printed as.
-template <class T>
-std::string print(const T& object)
-{
-    std::ostringstream stream;
-    stream << object;
-    return stream.str();
-}
 
 /// A sample for each thread.
 Vector sampleOf(std::size_t thread)
@@ -96,7 +88,7 @@ Outcome askClustering(const Clustering& clustering, const Vector& x)
     return outcomeOf(clustering.computeAssignment(x), clustering.getNbClusters(), clustering.getNbInputData(),
                      clustering.getDataSize(), clustering.getInputDataColl(), clustering.getNbFailedAttempts(),
                      clustering.getSeparation(), clustering.getNbIteration(), clustering.getAssignments(),
-                     clustering.getClusterPopulation(0), print(clustering));
+                     clustering.getClusterPopulation(0), textOf(clustering));
 }
 
 /// Gives an assignment problem random weights.
@@ -187,9 +179,9 @@ TEST(SharedHistogram, AnswersAllThreadsOnceItsCumulatedTableIsFilled)
                 cumulatedFrequencies, samples, histogram.getMaxPopulationClassIdx(), histogram.getBinMidValues(),
                 histogram.getHistogramPopulation(), histogram.getCumulatedHistogramPopulation(),
                 histogram.findLocalMaxima(thread % 2 == 0, eEBP_Include, 2.0, thread),
-                histogram.findLocalMinima(thread % 2 == 0, eEBP_Periodic, 2.0, thread), print(histogram));
+                histogram.findLocalMinima(thread % 2 == 0, eEBP_Periodic, 2.0, thread), textOf(histogram));
             for (const HistogramExtrema& maximum : histogram.findLocalDilatedMaxima(thread, eEBP_Exclude, 1.0, 1))
-                addTo(outcome, print(maximum));
+                addTo(outcome, textOf(maximum));
             return outcome;
         });
 }
@@ -290,7 +282,7 @@ TEST(SharedKMeansClustering, AnswersAllThreads)
                 clustering.getDataSize(), clustering.getInputDataColl(), clustering.getNbFailedAttempts(),
                 clustering.getCompactness(), clustering.getNbIteration(), clustering.getClustersCenters(),
                 clustering.getAssignments(), clustering.getClusterPopulation(1), clustering.getClusterCenter(0),
-                clustering.getClusterStdDev(0), print(clustering));
+                clustering.getClusterStdDev(0), textOf(clustering));
             for (const clustering::eValidityIndexType type :
                  {clustering::eVIT_Dunn, clustering::eVIT_DaviesBouldin, clustering::eVIT_RMSStd, clustering::eVIT_RS,
                   clustering::eVIT_SD})
@@ -313,7 +305,7 @@ TEST(SharedEstimationConfig, IsReadOnAllThreads)
                 thread, shared.getRobustEstimationType(), shared.getOutlierThreshold(), shared.getGaussianSigma(),
                 shared.getOutlierThresholdFactor(), shared.getOutlierRangeFactor(), shared.getExpectedOutlierRatio(),
                 shared.getAllowSimpleEstimation(), shared.getSuccessRatio(),
-                shared.getDataPartitionPtr()->getDataPartitionType(), copy.getSuccessRatio(), print(shared));
+                shared.getDataPartitionPtr()->getDataPartitionType(), copy.getSuccessRatio(), textOf(shared));
         });
 }
 
@@ -336,7 +328,7 @@ TEST(SharedEstimationResults, AreReadOnAllThreads)
                 results.getResidualsSet(), results.getOutlierFlags(), results.getEstimOutlierThreshold(),
                 results.getGlobalRms(), results.getInliersRms(), results.getNbOutliers(), results.getOutlierRatio(),
                 results.getInlierRatio(), results.getNbNonLinearIteration(), results.getNbInliers(),
-                results.getEstimationConfig().getOutlierThreshold(), copy.getEstimParams(), print(results));
+                results.getEstimationConfig().getOutlierThreshold(), copy.getEstimParams(), textOf(results));
         });
 }
 

@@ -16,6 +16,7 @@
 #include <support/HeaderExample.h>
 #include <support/Histograms.h>
 #include <support/LogCapture.h>
+#include <support/TextOf.h>
 #include <utility>
 #include <vector>
 
@@ -29,6 +30,7 @@ namespace
 
 using test::expectMathRaises;
 using test::makeHistogram;
+using test::textOf;
 
 const char* const g_notInitText = "Histogram class has not been initialized";
 const double g_nan = std::numeric_limits<double>::quiet_NaN();
@@ -97,13 +99,6 @@ void expectNotInit(const BaseHistogram& histogram)
         expectMathRaises(g_notInitText, [&] { getter(histogram); });
     for (const BaseHistogramQuery& query : getQueries())
         expectMathRaises(g_notInitText, [&] { query(histogram); });
-}
-
-std::string textOf(const BaseHistogram& histogram)
-{
-    std::ostringstream stream;
-    stream << histogram;
-    return stream.str();
 }
 
 // The queries as they are defined.

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <sstream>
 #include <string>
 #include <support/Builders.h>
+#include <support/TextOf.h>
 
 namespace ovrix
 {
@@ -15,13 +15,7 @@ namespace math
 namespace
 {
 
-template <class T>
-std::string textOf(const T& value)
-{
-    std::ostringstream stream;
-    stream << value;
-    return stream.str();
-}
+using test::textOf;
 
 } // namespace
 

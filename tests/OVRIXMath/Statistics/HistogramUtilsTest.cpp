@@ -7,7 +7,6 @@
 #include <cmath>
 #include <limits>
 #include <random>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <support/ArchiveForms.h>
@@ -15,6 +14,7 @@
 #include <support/GoldenArchive.h>
 #include <support/Histograms.h>
 #include <support/LogCapture.h>
+#include <support/TextOf.h>
 #include <tuple>
 #include <vector>
 
@@ -35,6 +35,7 @@ using test::load;
 using test::makeHistogram;
 using test::save;
 using test::TextForm;
+using test::textOf;
 
 const double g_nan = std::numeric_limits<double>::quiet_NaN();
 const double g_infinity = std::numeric_limits<double>::infinity();
@@ -60,13 +61,6 @@ fs::path freshFile(const std::string& name)
     const fs::path path = fs::path(OVRIX_TEST_OUTPUT_DIR) / name;
     fs::remove(path);
     return path;
-}
-
-std::string textOf(const BaseHistogram& histogram)
-{
-    std::ostringstream stream;
-    stream << histogram;
-    return stream.str();
 }
 
 /// A histogram of many classes, whose text fills the buffer of a stream many times.
